@@ -1,0 +1,19 @@
+# The application as it ships: the build tree holds it in the same layout as an installation.
+
+set(bundle Nimbra.app)
+
+# Puts a target into a folder of the bundle's "Contents".
+function(place_in_bundle target folder)
+  set_target_properties(${target} PROPERTIES
+    RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/${bundle}/Contents/${folder}
+    LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/${bundle}/Contents/${folder})
+  install(TARGETS ${target}
+    RUNTIME DESTINATION ${bundle}/Contents/${folder}
+    LIBRARY DESTINATION ${bundle}/Contents/${folder})
+endfunction()
+
+function(add_bundle_resource file)
+  get_filename_component(name ${file} NAME)
+  configure_file(${file} ${PROJECT_BINARY_DIR}/${bundle}/Contents/Resources/${name} COPYONLY)
+  install(FILES ${file} DESTINATION ${bundle}/Contents/Resources)
+endfunction()

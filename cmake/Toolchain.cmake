@@ -1,0 +1,27 @@
+# How everything is compiled and linked.
+
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "Build type" FORCE)
+endif()
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+# Members left out of a designated initializer have their defaults: that is what it is for.
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
+  -Wno-missing-field-initializers)
+include_directories(${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/generated)
+
+set(QUILLON_SANITIZERS "" CACHE STRING "Sanitizers to build with, as -fsanitize takes them")
+if(QUILLON_SANITIZERS)
+  add_compile_options(-fsanitize=${QUILLON_SANITIZERS} -fno-sanitize-recover=all
+    -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${QUILLON_SANITIZERS})
+else()
+  # Loading and relocating a shared C++ runtime takes longer than the rest of a launch. Sanitizers
+  # need the shared one.
+  add_link_options(-static-libstdc++ -static-libgcc)
+endif()

@@ -1,0 +1,122 @@
+#include "discovery/egress_discovery.h"
+
+#include <algorithm>
+#include <array>
+
+#include "discovery/endpoint_reply.h"
+#include "platform/system.h"
+#include "platform/text.h"
+
+namespace quillon {
+namespace {
+
+constexpr std::string_view acceptedScheme = "socks5://";
+constexpr std::string_view remoteResolvingScheme = "socks5h://";
+constexpr std::int64_t notRun = -1;
+
+struct ExitStatusMeaning {
+  int status;
+  const char* errorCode;
+};
+
+/// curl's exit statuses that tell what is wrong with the proxy; every other one is internal.
+constexpr std::array<ExitStatusMeaning, 4> exitStatusMeanings{{
+    {7, "PROXY_UNREACHABLE"},
+    {28, "PROXY_TIMEOUT"},
+    {56, "PROXY_AUTH_FAILED"},
+    {67, "PROXY_AUTH_FAILED"},
+}};
+
+DiscoverResult failure(std::string errorCode, std::string message, std::int64_t curlExitCode,
+                       std::int64_t elapsedMs) {
+  DiscoverResult result;
+  result.curlExitCode = curlExitCode;
+  result.elapsedMs = elapsedMs;
+  result.errorCode = std::move(errorCode);
+  result.message = std::move(message);
+  return result;
+}
+
+const char* errorCodeOf(int exitStatus) {
+  const auto* meaning =
+      std::find_if(exitStatusMeanings.begin(), exitStatusMeanings.end(),
+                   [&](const ExitStatusMeaning& known) { return known.status == exitStatus; });
+  return meaning == exitStatusMeanings.end() ? "INTERNAL" : meaning->errorCode;
+}
+
+std::string exitMessage(int exitStatus, std::int64_t elapsedMs, const DiscoveryRequest& request) {
+  const std::string route =
+      request.proxyServer.empty() ? "direct" : "via " + request.proxyServer;
+  return "curl exit " + std::to_string(exitStatus) + " against " + request.endpointURL + " " +
+         route + " after " + std::to_string(elapsedMs) + " ms";
+}
+
+std::string noAddressMessage(std::string_view reply, std::uint64_t replyBytes) {
+  constexpr std::size_t headCharacters = 80;
+  return "curl exit 0 but no usable IP in response — got " + std::to_string(replyBytes) +
+         " bytes, head: \"" + std::string(platform::firstCharacters(reply, headCharacters)) + "\"";
+}
+
+}  // namespace
+
+std::optional<std::vector<std::string>> curlArguments(const DiscoveryRequest& request) {
+  std::vector<std::string> arguments{"--max-time", "10", "-sS"};
+  const std::string_view proxy = request.proxyServer;
+  if (!proxy.empty()) {
+    if (!proxy.starts_with(acceptedScheme)) return std::nullopt;
+    arguments.emplace_back("-x");
+    arguments.push_back(std::string(remoteResolvingScheme) +
+                        std::string(proxy.substr(acceptedScheme.size())));
+  }
+  arguments.push_back(request.endpointURL);
+  return arguments;
+}
+
+DiscoverResult interpretCurlRun(const platform::ChildRun& run, std::int64_t elapsedMs,
+                                const DiscoveryRequest& request) {
+  if (run.startError != 0) {
+    return failure("INTERNAL",
+                   "Process.run(curl) failed: " + platform::errorText(run.startError), notRun, 0);
+  }
+  if (run.exitStatus != 0) {
+    return failure(errorCodeOf(run.exitStatus), exitMessage(run.exitStatus, elapsedMs, request),
+                   run.exitStatus, elapsedMs);
+  }
+  // A reply cut at the limit may end inside a character; that is not the endpoint's fault.
+  const std::string_view reply = run.outputBytes > run.output.size()
+                                     ? platform::withoutCutOffEnd(run.output)
+                                     : std::string_view(run.output);
+  if (!platform::isValidUtf8(reply)) {
+    return failure("DISCOVERY_HTTP_ERROR", "curl exit 0 but response not UTF-8", 0, elapsedMs);
+  }
+  DiscoverResult result = readEndpointReply(reply);
+  result.elapsedMs = elapsedMs;
+  if (!isUsableAddress(result.ip)) {
+    result.errorCode = "DISCOVERY_HTTP_ERROR";
+    result.message = noAddressMessage(reply, run.outputBytes);
+  }
+  return result;
+}
+
+DiscoverResult discoverEgress(const std::string& proxyServer, const std::string& endpointURL,
+                              const platform::Path& curl) {
+  const DiscoveryRequest request{proxyServer, endpointURL};
+  const auto arguments = curlArguments(request);
+  if (!arguments) {
+    return failure("INTERNAL",
+                   "proxy-server is not socks5://… — launcher only handles socks5:// or empty",
+                   notRun, 0);
+  }
+  if (!platform::isExecutableFile(curl)) {
+    return failure("CURL_NOT_FOUND",
+                   "/usr/bin/curl missing — macOS always ships it; environment is broken", notRun,
+                   0);
+  }
+  const auto start = std::chrono::steady_clock::now();
+  const platform::ChildRun run = platform::runChild(curl, *arguments, curlPatience, replyLimit);
+  const auto elapsed = std::chrono::steady_clock::now() - start;
+  return interpretCurlRun(
+      run, std::chrono::duration_cast<std::chrono::milliseconds>(elapsed).count(), request);
+}
+
+}  // namespace quillon

@@ -1,0 +1,57 @@
+#include "discovery/endpoint_reply.h"
+
+#include "platform/json.h"
+#include "platform/text.h"
+
+namespace quillon {
+namespace {
+
+using platform::JsonNumber;
+using platform::JsonObject;
+
+std::string textOf(const JsonObject& object, std::string_view key) {
+  const auto* text = object.find<std::string>(key);
+  return text == nullptr ? std::string() : *text;
+}
+
+std::string coordinateOf(const JsonObject& object, std::string_view key) {
+  const auto* number = object.find<JsonNumber>(key);
+  return number == nullptr ? textOf(object, key) : platform::numberText(*number);
+}
+
+DiscoverResult readJsonReply(std::string_view reply) {
+  DiscoverResult result;
+  const auto object = platform::parseJsonObject(reply);
+  if (!object) return result;
+  result.ip = textOf(*object, "ip");
+  result.countryCode = textOf(*object, "country_code");
+  result.timezone = textOf(*object, "timezone");
+  result.latitude = coordinateOf(*object, "latitude");
+  result.longitude = coordinateOf(*object, "longitude");
+  return result;
+}
+
+DiscoverResult readBareReply(std::string_view reply) {
+  DiscoverResult result;
+  for (const std::string_view line : platform::nonEmptyLines(reply)) {
+    result.ip = platform::trimBlanks(line);
+    if (!result.ip.empty()) break;
+  }
+  return result;
+}
+
+}  // namespace
+
+DiscoverResult readEndpointReply(std::string_view reply) {
+  const bool isJson = platform::skipWhitespace(reply).starts_with('{');
+  return isJson ? readJsonReply(reply) : readBareReply(reply);
+}
+
+bool isUsableAddress(std::string_view text) {
+  constexpr std::size_t shortest = 7;
+  constexpr std::size_t longest = 45;
+  const std::size_t length = platform::characterCount(text, longest + 1);
+  return length >= shortest && length <= longest;
+}
+
+}  // namespace quillon

@@ -1,0 +1,62 @@
+#include "engine/override_switches.h"
+
+#include <array>
+
+namespace quillon {
+
+void appendAll(SwitchList& switches, const SwitchList& more) {
+  switches.insert(switches.end(), more.begin(), more.end());
+}
+
+void appendSwitch(SwitchList& switches, std::string_view name, std::string_view value) {
+  if (value.empty()) return;
+  std::string text("--");
+  text.append(name).append("=").append(value);
+  switches.push_back(std::move(text));
+}
+
+std::optional<std::string> deviceMemoryValue(std::uint64_t physicalMemory) {
+  struct MemoryClass {
+    double gibibytes;
+    const char* value;
+  };
+  // A machine never reports its full memory, hence bounds below the classes they stand for.
+  constexpr std::array<MemoryClass, 6> classes{
+      {{24, "32"}, {12, "16"}, {6, "8"}, {3, "4"}, {1.5, "2"}, {0, "1"}}};
+  constexpr double bytesPerGibibyte = 1073741824;
+  if (physicalMemory == 0) return std::nullopt;
+  const double gibibytes = static_cast<double>(physicalMemory) / bytesPerGibibyte;
+  const auto* memoryClass = classes.begin();
+  while (gibibytes < memoryClass->gibibytes) ++memoryClass;
+  return memoryClass->value;
+}
+
+SwitchList personaSwitches(const OverlayKeys& overlay, const ResolvedPersona& persona) {
+  SwitchList switches;
+  appendSwitch(switches, "webrtc-fake-public-ip", persona.resolvedFakeIP);
+  if (overlay.webrtcNoLeak) switches.emplace_back("--force-webrtc-ip-handling-policy=default");
+  appendSwitch(switches, "timezone-override", persona.resolvedTZ);
+  appendSwitch(switches, "lang", persona.resolvedLang);
+  appendSwitch(switches, "accept-language", persona.resolvedAcceptLang);
+  appendSwitch(switches, "geo-lat", persona.resolvedGeoLat);
+  appendSwitch(switches, "geo-lng", persona.resolvedGeoLng);
+  if (!persona.resolvedGeoLat.empty() && !persona.resolvedGeoLng.empty()) {
+    switches.emplace_back("--geo-accuracy=100");
+  }
+  return switches;
+}
+
+SwitchList machineSwitches(const OverlayKeys& overlay, const Machine& machine) {
+  SwitchList switches;
+  if (!overlay.deviceMemorySet) {
+    appendSwitch(switches, "device-memory", deviceMemoryValue(machine.physicalMemory).value_or(""));
+  }
+  if (!overlay.hardwareConcurrencySet && machine.activeProcessorCount > 0) {
+    appendSwitch(switches, "hardware-concurrency", std::to_string(machine.activeProcessorCount));
+  }
+  if (!overlay.speechVoicesSet) appendSwitch(switches, "speech-voices-preset", "stock-chrome-mac");
+  switches.push_back(overlay.startPage.empty() ? "chrome://version" : overlay.startPage);
+  return switches;
+}
+
+}  // namespace quillon

@@ -1,0 +1,27 @@
+#include "launcher/fatal_report.h"
+
+#include "platform/system.h"
+#include "platform/ui/application.h"
+
+namespace quillon {
+
+std::string fatalMessage(const SpawnError& error) {
+  if (error.kind == SpawnError::Case::engineMissing) {
+    return "Engine binary not found:\n" + error.engine.native();
+  }
+  return "Engine spawn failed: " + error.description();
+}
+
+void reportFatalLaunchFailure(const std::string& message) {
+  namespace ui = platform::ui;
+  platform::writeToStandardError("[quillon-launcher] " + message + "\n");
+  ui::Application& application = ui::Application::shared();
+  application.setActivationPolicy(ui::ActivationPolicy::accessory);
+  application.activateIgnoringOtherApps();
+  application.runModal({.messageText = "Nimbra couldn't launch",
+                        .informativeText = message + "\n\nReinstall Nimbra to fix this.",
+                        .buttonTitle = "OK"});
+  platform::endProcess(1);
+}
+
+}  // namespace quillon

@@ -1,0 +1,54 @@
+#include "overlay/webgl_catalogue.h"
+
+namespace quillon {
+namespace {
+
+using platform::JsonNumber;
+using platform::JsonObject;
+using platform::JsonValue;
+
+constexpr std::string_view catalogueFileName = "quillon-webgl-profiles.json";
+
+/// The text that a value has in a switch; empty for null.
+std::string switchValueText(const JsonValue& value) {
+  if (value.as<std::monostate>() != nullptr) return {};
+  if (const auto* text = value.as<std::string>()) return *text;
+  if (const auto* boolean = value.as<bool>()) return *boolean ? "1" : "0";
+  if (const auto* number = value.as<JsonNumber>()) return platform::numberText(*number);
+  return compactJsonText(value);
+}
+
+}  // namespace
+
+std::optional<platform::Path> webglCatalogueURL(const CataloguePlaces& places) {
+  if (auto resource = places.bundle.findResource(catalogueFileName)) return resource;
+  platform::Path besideProgram =
+      platform::Path(places.programPath).parent_path() / catalogueFileName;
+  if (!platform::exists(besideProgram)) return std::nullopt;
+  return besideProgram;
+}
+
+std::vector<std::string> switchesOfWebglProfile(const JsonObject& catalogue,
+                                                std::string_view profileName) {
+  std::vector<std::string> switches;
+  const auto* profiles = catalogue.find<JsonObject>("profiles");
+  const auto* profile = profiles == nullptr ? nullptr : profiles->find<JsonObject>(profileName);
+  if (profile == nullptr) return switches;
+  for (const auto& [name, value] : profile->members()) {
+    const std::string text = switchValueText(value);
+    if (name.starts_with('_') || text.empty()) continue;
+    switches.push_back("--" + name + "=" + text);
+  }
+  return switches;
+}
+
+std::vector<std::string> webglProfileSwitches(std::string_view profileName,
+                                              const CataloguePlaces& places) {
+  if (profileName.empty()) return {};
+  const auto url = webglCatalogueURL(places);
+  const auto text = url ? platform::readFile(*url) : std::nullopt;
+  const auto catalogue = text ? platform::parseJsonObject(*text) : std::nullopt;
+  return catalogue ? switchesOfWebglProfile(*catalogue, profileName) : std::vector<std::string>();
+}
+
+}  // namespace quillon

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/bundle.h"
+#include "platform/json.h"
+
+/// The catalogue of WebGL profiles: a JSON object whose "profiles" maps names to sets of switches.
+/// Whatever is wrong with it costs the switches concerned and nothing else. Any thread.
+namespace quillon {
+
+/// The two places where the catalogue may lie.
+struct CataloguePlaces {
+  /// First the resources of the bundle.
+  platform::Bundle bundle;
+  /// Then the folder part of the path that the launcher was started by; may be empty.
+  std::string programPath;
+};
+
+/// The catalogue file; nothing when it is in neither place.
+[[nodiscard]] std::optional<platform::Path> webglCatalogueURL(const CataloguePlaces& places);
+
+/// The switches of one profile of a catalogue, in the file's order. An entry gives none when its
+/// name begins with "_" or its value is null or has an empty text.
+[[nodiscard]] std::vector<std::string> switchesOfWebglProfile(
+    const platform::JsonObject& catalogue, std::string_view profileName);
+
+/// The switches of the named profile; the file is read once, and only when a name is given.
+[[nodiscard]] std::vector<std::string> webglProfileSwitches(std::string_view profileName,
+                                                            const CataloguePlaces& places);
+
+}  // namespace quillon

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+
+/// The main thread's queue and the way to a background thread. Tasks posted to the main thread run
+/// there one after the other, in the order posted, never inside the post; the queue is not locked
+/// while one runs, so a task may post more. Tasks left when the process ends never run.
+namespace quillon::platform {
+
+using Task = std::function<void()>;
+
+/// Whether the caller runs on the process's first thread.
+[[nodiscard]] bool isMainThread();
+
+/// Hands a task to the main thread and returns at once. Any thread.
+void postToMain(Task task);
+
+/// Runs a task on a thread of its own, which nobody waits for. When the system has no thread left
+/// the task is posted to the main thread: late and blocking it, but done. Any thread.
+void runInBackground(Task task);
+
+/// Blocks the calling thread.
+void sleepFor(std::chrono::milliseconds duration);
+
+/// For the event loop of a user interface:
+
+/// Runs everything posted so far. Main thread.
+void runPostedTasks();
+
+/// Blocks until something has been posted. Main thread.
+void waitForPostedTasks();
+
+/// `wake` is called, on the posting thread, after each post from now on: it gets an event loop that
+/// waits for other things to call `runPostedTasks`. Main thread, before anything is posted.
+void setWakeUp(void (*wake)());
+
+}  // namespace quillon::platform

@@ -1,0 +1,9 @@
+#include <unistd.h>
+
+#include "platform/dispatch.h"
+
+namespace quillon::platform {
+
+bool isMainThread() { return ::gettid() == ::getpid(); }
+
+}  // namespace quillon::platform

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/descriptor.h"
+
+/// Files and folders. Nothing here throws or writes a message; failures are the return value.
+/// Relative paths count from the current folder. No shared state: any thread.
+namespace quillon::platform {
+
+using Path = std::filesystem::path;
+
+/// What stands at the end of the path, links followed; a folder counts like a file.
+[[nodiscard]] bool exists(const Path& path);
+
+/// Whether a regular file (links followed) stands there that this process may execute.
+[[nodiscard]] bool isExecutableFile(const Path& path);
+
+/// More than this is not read: no file that the launcher is meant to read comes near.
+inline constexpr std::size_t maxReadableBytes = std::size_t{1} << 30;
+
+/// The whole content. Nothing when it is missing, unreadable, not a regular file (a pipe or a
+/// device might never end) or longer than `maxReadableBytes`.
+[[nodiscard]] std::optional<std::string> readFile(const Path& path);
+
+/// Creates the folder and its missing parents. True when it is a folder afterwards.
+bool createFolders(const Path& folder);
+
+/// Puts a file with these bytes at `path`, replacing a file or link there. The bytes are written
+/// to a new file of its own name beside it, which is renamed over `path` once complete: no reader
+/// and no other writer ever sees a part, and a link at `path` is replaced, not followed. Survives
+/// the end of the process, not a power cut. On failure `path` is unchanged and nothing is left.
+[[nodiscard]] bool writeFileAtomically(const Path& path, std::string_view bytes);
+
+/// Renames within one file system, over whatever file is at `to`.
+[[nodiscard]] bool moveItem(const Path& from, const Path& to);
+
+/// Removes what stands at `path`, whatever it is: a folder with all below it, a link as the link
+/// it is. Goes on past what cannot be removed. True when nothing stands there afterwards, so also
+/// when nothing did.
+bool removeItem(const Path& path);
+
+/// An open folder that items are removed from. The path that opened it may be renamed meanwhile;
+/// the folder stays the one that was opened.
+class Folder {
+ public:
+  /// Whether a link in the last place of the path leads to the folder or is refused.
+  enum class LastLink { follow, refuse };
+
+  /// Nothing when there is no such folder or it may not be searched.
+  static std::optional<Folder> open(const Path& path, LastLink lastLink);
+
+  /// Removes the item at a path below the folder, by the rules of `quillon::platform::removeItem`.
+  /// No link on the way is followed: below one, nothing counts as standing there.
+  bool removeItem(std::string_view relativePath) const;
+
+ private:
+  explicit Folder(UniqueFd descriptor) : descriptor_(std::move(descriptor)) {}
+
+  UniqueFd descriptor_;
+};
+
+}  // namespace quillon::platform

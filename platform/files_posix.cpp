@@ -1,0 +1,155 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <new>
+#include <stdexcept>
+#include <system_error>
+
+#include "platform/files.h"
+#include "platform/tree_removal.h"
+
+namespace quillon::platform {
+namespace {
+
+template <class Call>
+auto retryInterrupted(Call call) {
+  auto result = call();
+  while (result == -1 && errno == EINTR) result = call();
+  return result;
+}
+
+UniqueFd openFile(const Path& path, int flags, mode_t mode = 0) {
+  return UniqueFd(retryInterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, mode); }));
+}
+
+std::optional<struct stat> statusOf(const Path& path) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0) return std::nullopt;
+  return status;
+}
+
+bool isFolder(const Path& path) {
+  const auto status = statusOf(path);
+  return status && S_ISDIR(status->st_mode);
+}
+
+/// One byte more than expected is asked for: it tells the end of the file from growth.
+std::optional<std::string> readToEnd(int descriptor, std::size_t expectedBytes) {
+  std::string content(expectedBytes + 1, '\0');
+  std::size_t length = 0;
+  while (length <= maxReadableBytes) {
+    if (length == content.size()) content.resize(2 * length);
+    char* const free = content.data() + length;
+    const ssize_t got =
+        retryInterrupted([&] { return ::read(descriptor, free, content.size() - length); });
+    if (got < 0) return std::nullopt;
+    length += static_cast<std::size_t>(got);
+    if (got == 0) {
+      content.resize(length);
+      return content;
+    }
+  }
+  return std::nullopt;
+}
+
+bool writeAll(int descriptor, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written =
+        retryInterrupted([&] { return ::write(descriptor, bytes.data(), bytes.size()); });
+    if (written <= 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
+/// A name beside `path` that no other running process uses.
+Path unfinishedName(const Path& path) { return path.native() + "." + std::to_string(::getpid()); }
+
+/// Creates a file that was not there. What a dead process left under the name, or somebody put
+/// there, is removed first; a link is never followed.
+UniqueFd createNewFile(const Path& path) {
+  constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW;
+  constexpr mode_t mode = 0666;
+  UniqueFd file = openFile(path, flags, mode);
+  if (!file.isOpen() && errno == EEXIST && removeItem(path)) file = openFile(path, flags, mode);
+  return file;
+}
+
+}  // namespace
+
+bool exists(const Path& path) { return statusOf(path).has_value(); }
+
+bool isExecutableFile(const Path& path) {
+  const auto status = statusOf(path);
+  return status && S_ISREG(status->st_mode) && ::access(path.c_str(), X_OK) == 0;
+}
+
+std::optional<std::string> readFile(const Path& path) {
+  // Opening a named pipe would wait for its other end without O_NONBLOCK.
+  const UniqueFd file = openFile(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
+  struct stat status {};
+  if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
+    return std::nullopt;
+  }
+  if (static_cast<std::size_t>(status.st_size) > maxReadableBytes) return std::nullopt;
+  try {
+    return readToEnd(file.get(), static_cast<std::size_t>(status.st_size));
+  } catch (const std::bad_alloc&) {
+    return std::nullopt;
+  }
+}
+
+bool createFolders(const Path& folder) {
+  if (folder.empty() || isFolder(folder)) return true;
+  std::error_code ignored;
+  std::filesystem::create_directories(folder, ignored);
+  return isFolder(folder);
+}
+
+bool writeFileAtomically(const Path& path, std::string_view bytes) {
+  const Path unfinished = unfinishedName(path);
+  UniqueFd file = createNewFile(unfinished);
+  if (!file.isOpen()) return false;
+  const bool written = writeAll(file.get(), bytes);
+  // Some file systems report a full disk only here.
+  const bool closed = ::close(file.release()) == 0;
+  if (written && closed && moveItem(unfinished, path)) return true;
+  (void)::unlink(unfinished.c_str());
+  return false;
+}
+
+bool moveItem(const Path& from, const Path& to) {
+  return ::rename(from.c_str(), to.c_str()) == 0;
+}
+
+bool removeItem(const Path& path) {
+  const Unlinked outcome = unlinkFile(AT_FDCWD, path.c_str());
+  if (outcome != Unlinked::isFolder) return outcome == Unlinked::gone;
+  const Path parent = path.has_parent_path() ? path.parent_path() : Path(".");
+  const auto folder = Folder::open(parent, Folder::LastLink::follow);
+  return folder && folder->removeItem(path.filename().native());
+}
+
+std::optional<Folder> Folder::open(const Path& path, LastLink lastLink) {
+  const int link = lastLink == LastLink::refuse ? O_NOFOLLOW : 0;
+  UniqueFd descriptor = openFile(path, O_RDONLY | O_DIRECTORY | link);
+  if (!descriptor.isOpen()) return std::nullopt;
+  return Folder(std::move(descriptor));
+}
+
+bool Folder::removeItem(std::string_view relativePath) const {
+  const std::size_t slash = relativePath.find('/');
+  if (slash == std::string_view::npos) {
+    return removeInFolder(descriptor_.get(), std::string(relativePath).c_str());
+  }
+  const std::string name(relativePath.substr(0, slash));
+  UniqueFd next(::openat(descriptor_.get(), name.c_str(),
+                         O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+  if (!next.isOpen()) return errno == ENOENT || errno == ELOOP || errno == ENOTDIR;
+  return Folder(std::move(next)).removeItem(relativePath.substr(slash + 1));
+}
+
+}  // namespace quillon::platform

@@ -1,0 +1,212 @@
+#include "platform/json.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <functional>
+#include <nlohmann/json.hpp>
+#include <utility>
+
+namespace quillon::platform {
+namespace {
+
+/// Builds the value tree straight from the reader's events; a false return ends the reading.
+/// Open containers are kept on a stack and handed to their parent when they close.
+class TreeBuilder {
+ public:
+  using number_integer_t = std::int64_t;
+  using number_unsigned_t = std::uint64_t;
+  using number_float_t = double;
+  using string_t = std::string;
+  using binary_t = nlohmann::json::binary_t;
+
+  bool null() { return add({}); }
+  bool boolean(bool value) { return add({value}); }
+  bool number_integer(std::int64_t value) { return add({JsonNumber(value)}); }
+  bool number_unsigned(std::uint64_t value) { return add({JsonNumber(value)}); }
+  bool number_float(double value, const std::string&) { return add({JsonNumber(value)}); }
+  bool string(std::string& value) { return add({value}); }
+  bool binary(binary_t&) { return false; }
+
+  bool start_object(std::size_t) { return open(Container{std::vector<JsonMember>()}); }
+  bool key(std::string& name) {
+    std::get<std::vector<JsonMember>>(containers_.back()).push_back({name, {}});
+    return true;
+  }
+  bool end_object() {
+    JsonObject object(std::move(std::get<std::vector<JsonMember>>(containers_.back())));
+    containers_.pop_back();
+    if (containers_.empty()) {
+      root_ = std::move(object);
+      return true;
+    }
+    return add({std::move(object)});
+  }
+
+  /// Only an object may be on top.
+  bool start_array(std::size_t) { return !containers_.empty() && open(Container{JsonArray()}); }
+  bool end_array() {
+    JsonArray array = std::move(std::get<JsonArray>(containers_.back()));
+    containers_.pop_back();
+    return add({std::move(array)});
+  }
+
+  bool parse_error(std::size_t, const std::string&, const nlohmann::json::exception&) {
+    return false;
+  }
+
+  [[nodiscard]] JsonObject takeRoot() { return std::move(root_); }
+
+ private:
+  using Container = std::variant<std::vector<JsonMember>, JsonArray>;
+
+  bool open(Container container) {
+    if (containers_.size() == maxJsonDepth) return false;
+    containers_.push_back(std::move(container));
+    return true;
+  }
+
+  bool add(JsonValue value) {
+    if (containers_.empty()) return false;
+    if (auto* members = std::get_if<std::vector<JsonMember>>(&containers_.back())) {
+      members->back().value = std::move(value);
+    } else {
+      std::get<JsonArray>(containers_.back()).push_back(std::move(value));
+    }
+    return true;
+  }
+
+  std::vector<Container> containers_;
+  JsonObject root_;
+};
+
+std::string quoted(const std::string& text) { return nlohmann::json(text).dump(); }
+
+void appendCompact(std::string& out, const JsonValue& value);
+
+void appendCompact(std::string& out, const JsonArray& array) {
+  const char* separator = "";
+  out += '[';
+  for (const JsonValue& element : array) {
+    out += std::exchange(separator, ",");
+    appendCompact(out, element);
+  }
+  out += ']';
+}
+
+void appendCompact(std::string& out, const JsonObject& object) {
+  const char* separator = "";
+  out += '{';
+  for (const JsonMember& member : object.members()) {
+    out.append(std::exchange(separator, ",")).append(quoted(member.key)).append(":");
+    appendCompact(out, member.value);
+  }
+  out += '}';
+}
+
+/// The recursion is bounded by `maxJsonDepth`.
+void appendCompact(std::string& out, const JsonValue& value) {
+  if (const auto* boolean = value.as<bool>()) {
+    out += *boolean ? "true" : "false";
+  } else if (const auto* number = value.as<JsonNumber>()) {
+    out += numberText(*number);
+  } else if (const auto* text = value.as<std::string>()) {
+    out += quoted(*text);
+  } else if (const auto* array = value.as<JsonArray>()) {
+    appendCompact(out, *array);
+  } else if (const auto* object = value.as<JsonObject>()) {
+    appendCompact(out, *object);
+  } else {
+    out += "null";
+  }
+}
+
+/// Room for the longest fixed notation of a double (the smallest ones: "0.", 323 zeros, digits).
+using NumberBuffer = std::array<char, 512>;
+
+std::string fixedText(double number) {
+  NumberBuffer buffer;
+  const auto end = std::to_chars(buffer.begin(), buffer.end(), number, std::chars_format::fixed);
+  return {buffer.begin(), end.ptr};
+}
+
+}  // namespace
+
+JsonObject::JsonObject(std::vector<JsonMember> members) : members_(std::move(members)) {
+  buildIndex();
+  if (dropRepeatedKeys()) buildIndex();
+}
+
+bool JsonObject::precedes(const IndexEntry& left, const IndexEntry& right) const {
+  if (left.hash != right.hash) return left.hash < right.hash;
+  const int order = members_[left.position].key.compare(members_[right.position].key);
+  return order != 0 ? order < 0 : left.position < right.position;
+}
+
+void JsonObject::buildIndex() {
+  index_.resize(members_.size());
+  for (std::size_t i = 0; i < members_.size(); ++i) {
+    index_[i] = {std::hash<std::string>()(members_[i].key), i};
+  }
+  std::sort(index_.begin(), index_.end(),
+            [this](const IndexEntry& left, const IndexEntry& right) { return precedes(left, right); });
+}
+
+/// Equal keys are neighbours in the index, the last in the file behind the others.
+bool JsonObject::dropRepeatedKeys() {
+  std::vector<bool> repeated(members_.size(), false);
+  bool any = false;
+  for (std::size_t i = 1; i < index_.size(); ++i) {
+    const std::size_t earlier = index_[i - 1].position;
+    if (members_[earlier].key == members_[index_[i].position].key) any = repeated[earlier] = true;
+  }
+  if (!any) return false;
+  std::size_t position = 0;
+  std::erase_if(members_, [&](const JsonMember&) { return repeated[position++]; });
+  return true;
+}
+
+const JsonValue* JsonObject::find(std::string_view key) const {
+  const std::size_t hash = std::hash<std::string_view>()(key);
+  const auto sought = std::lower_bound(
+      index_.begin(), index_.end(), key, [&](const IndexEntry& entry, std::string_view name) {
+        return entry.hash != hash ? entry.hash < hash : members_[entry.position].key < name;
+      });
+  if (sought == index_.end() || members_[sought->position].key != key) return nullptr;
+  return &members_[sought->position].value;
+}
+
+std::optional<JsonObject> parseJsonObject(std::string_view text) {
+  try {
+    TreeBuilder builder;
+    if (!nlohmann::json::sax_parse(text.begin(), text.end(), &builder)) return std::nullopt;
+    return builder.takeRoot();
+  } catch (const std::exception&) {
+    return std::nullopt;  // Out of memory: as unreadable as any other text that cannot be held.
+  }
+}
+
+std::string compactJsonText(const JsonValue& value) {
+  std::string text;
+  appendCompact(text, value);
+  return text;
+}
+
+std::string numberText(const JsonNumber& number) {
+  if (const auto* fraction = std::get_if<double>(&number)) return fixedText(*fraction);
+  if (const auto* natural = std::get_if<std::uint64_t>(&number)) return std::to_string(*natural);
+  return std::to_string(std::get<std::int64_t>(number));
+}
+
+std::string integerPartText(const JsonNumber& number) {
+  const auto* fraction = std::get_if<double>(&number);
+  // Adding zero turns a negative zero into a plain one.
+  return fraction == nullptr ? numberText(number) : fixedText(std::trunc(*fraction) + 0.0);
+}
+
+bool isNonZero(const JsonNumber& number) {
+  return std::visit([](auto value) { return value != 0; }, number);
+}
+
+}  // namespace quillon::platform

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+/// JSON as the launcher reads it: distinct kinds, objects in file order, strict text (RFC 8259).
+/// Plain values without shared state: any thread may use its own.
+namespace quillon::platform {
+
+struct JsonMember;
+struct JsonValue;
+
+/// Whole numbers that fit keep their exact value; everything else is a double. "-0" reads as 0.
+using JsonNumber = std::variant<std::int64_t, std::uint64_t, double>;
+using JsonArray = std::vector<JsonValue>;
+
+/// Members in file order. Of several equal keys the last one counts, the others are gone.
+class JsonObject {
+ public:
+  JsonObject() = default;
+  explicit JsonObject(std::vector<JsonMember> members);
+
+  [[nodiscard]] const std::vector<JsonMember>& members() const { return members_; }
+
+  /// The value of a key (exact, case-sensitive); null when there is none. Logarithmic.
+  [[nodiscard]] const JsonValue* find(std::string_view key) const;
+
+  /// The value of a key when it is of the kind `Kind`; null otherwise.
+  template <class Kind>
+  [[nodiscard]] const Kind* find(std::string_view key) const;
+
+ private:
+  struct IndexEntry {
+    std::size_t hash;
+    std::size_t position;
+  };
+
+  void buildIndex();
+  [[nodiscard]] bool precedes(const IndexEntry& left, const IndexEntry& right) const;
+  [[nodiscard]] bool dropRepeatedKeys();
+
+  std::vector<JsonMember> members_;
+  /// Sorted by hash, then key: a lookup is a binary search, and keys made to collide cost no more
+  /// than a sort by key does.
+  std::vector<IndexEntry> index_;
+};
+
+/// One JSON value; `data` holds std::monostate for null.
+struct JsonValue {
+  std::variant<std::monostate, bool, JsonNumber, std::string, JsonArray, JsonObject> data;
+
+  /// The value when it is of the kind `Kind`; null otherwise.
+  template <class Kind>
+  [[nodiscard]] const Kind* as() const {
+    return std::get_if<Kind>(&data);
+  }
+};
+
+struct JsonMember {
+  std::string key;
+  JsonValue value;
+};
+
+template <class Kind>
+const Kind* JsonObject::find(std::string_view key) const {
+  const JsonValue* value = find(key);
+  return value == nullptr ? nullptr : value->as<Kind>();
+}
+
+/// Containers nested deeper than this make a text unreadable.
+inline constexpr std::size_t maxJsonDepth = 512;
+
+/// Reads a text whose top level is an object. A leading UTF-8 byte-order mark is accepted.
+/// Nothing when the text is not valid JSON or not valid UTF-8, has another top level, is nested
+/// deeper than `maxJsonDepth`, or holds a number beyond the range of a double (1e999).
+[[nodiscard]] std::optional<JsonObject> parseJsonObject(std::string_view text);
+
+/// The value as JSON text without added whitespace, members in file order.
+[[nodiscard]] std::string compactJsonText(const JsonValue& value);
+
+/// Plain decimal text without an exponent; a double in the fewest digits that read back to it,
+/// without a fraction when it has none (52.52, 100, 0.000001).
+[[nodiscard]] std::string numberText(const JsonNumber& number);
+
+/// The decimal text of the number's integer part (9222.9 gives 9222, -0.5 gives 0).
+[[nodiscard]] std::string integerPartText(const JsonNumber& number);
+
+/// Whether the number differs from zero; 0.5 does.
+[[nodiscard]] bool isNonZero(const JsonNumber& number);
+
+}  // namespace quillon::platform

@@ -1,0 +1,43 @@
+#include "platform/system.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstring>
+
+#include "platform/process.h"
+
+namespace quillon::platform {
+
+std::uint64_t physicalMemory() {
+  const long pages = ::sysconf(_SC_PHYS_PAGES);
+  const long pageBytes = ::sysconf(_SC_PAGESIZE);
+  if (pages <= 0 || pageBytes <= 0) return 0;
+  return static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(pageBytes);
+}
+
+int activeProcessorCount() {
+  const long count = ::sysconf(_SC_NPROCESSORS_ONLN);
+  return count > 0 ? static_cast<int>(count) : 0;
+}
+
+Path homeFolder() {
+  const auto home = startEnvironment().value("HOME");
+  if (home && !home->empty()) return Path(*home);
+  const passwd* user = ::getpwuid(::getuid());
+  return user == nullptr || user->pw_dir == nullptr ? Path() : Path(user->pw_dir);
+}
+
+Path perUserFolder() { return homeFolder() / "Library/Application Support/Quillon"; }
+
+std::string errorText(int errorNumber) { return std::strerror(errorNumber); }
+
+void writeToStandardError(std::string_view text) {
+  (void)std::signal(SIGPIPE, SIG_IGN);
+  if (::write(STDERR_FILENO, text.data(), text.size()) < 0) return;
+}
+
+void endProcess(int status) { ::_exit(status); }
+
+}  // namespace quillon::platform

@@ -1,0 +1,167 @@
+#include "platform/text.h"
+
+#include <utf8proc.h>
+
+#include <array>
+#include <cstdint>
+#include <memory>
+
+namespace quillon::platform {
+namespace {
+
+/// One code point and the bytes it takes. A byte that starts none is a replacement character.
+struct CodePoint {
+  utf8proc_int32_t value = 0xFFFD;
+  std::size_t length = 1;
+  bool valid = false;
+};
+
+CodePoint firstCodePoint(std::string_view text) {
+  utf8proc_int32_t value = 0;
+  const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data());
+  const auto length = utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(text.size()), &value);
+  if (length <= 0) return {};
+  return {value, static_cast<std::size_t>(length), true};
+}
+
+CodePoint lastCodePoint(std::string_view text) {
+  constexpr std::size_t longest = 4;
+  for (std::size_t length = 1; length <= longest && length <= text.size(); ++length) {
+    const CodePoint candidate = firstCodePoint(text.substr(text.size() - length));
+    if (candidate.valid && candidate.length == length) return candidate;
+  }
+  return {};
+}
+
+bool isBlank(utf8proc_int32_t codePoint) {
+  return codePoint == '\t' || utf8proc_category(codePoint) == UTF8PROC_CATEGORY_ZS;
+}
+
+bool isLineBreak(utf8proc_int32_t codePoint) {
+  return (codePoint >= 0x0A && codePoint <= 0x0D) || codePoint == 0x85 || codePoint == 0x2028 ||
+         codePoint == 0x2029;
+}
+
+void append(std::string& out, utf8proc_int32_t codePoint) {
+  std::array<utf8proc_uint8_t, 4> bytes;
+  const auto length = utf8proc_encode_char(codePoint, bytes.data());
+  out.append(reinterpret_cast<const char*>(bytes.data()), static_cast<std::size_t>(length));
+}
+
+/// Walks the characters up to `limit` of them; the number of bytes and characters passed.
+struct Walk {
+  std::size_t bytes = 0;
+  std::size_t characters = 0;
+};
+
+Walk walkCharacters(std::string_view text, std::size_t limit) {
+  Walk walk;
+  utf8proc_int32_t breakState = 0;
+  utf8proc_int32_t previous = 0;
+  while (walk.bytes < text.size()) {
+    const CodePoint next = firstCodePoint(text.substr(walk.bytes));
+    const bool startsCharacter =
+        walk.bytes == 0 || !next.valid ||
+        utf8proc_grapheme_break_stateful(previous, next.value, &breakState) != 0;
+    if (startsCharacter && walk.characters == limit) break;
+    walk.characters += startsCharacter ? 1 : 0;
+    walk.bytes += next.length;
+    previous = next.value;
+  }
+  return walk;
+}
+
+}  // namespace
+
+bool isValidUtf8(std::string_view text) {
+  while (!text.empty()) {
+    const CodePoint next = firstCodePoint(text);
+    if (!next.valid) return false;
+    text.remove_prefix(next.length);
+  }
+  return true;
+}
+
+std::string_view withoutCutOffEnd(std::string_view text) {
+  constexpr std::size_t longestRest = 3;
+  for (std::size_t cut = 0; cut <= longestRest && cut < text.size(); ++cut) {
+    const std::string_view candidate = text.substr(0, text.size() - cut);
+    if (lastCodePoint(candidate).valid) return candidate;
+  }
+  return text;
+}
+
+std::size_t characterCount(std::string_view text, std::size_t limit) {
+  return walkCharacters(text, limit).characters;
+}
+
+std::string_view firstCharacters(std::string_view text, std::size_t count) {
+  return text.substr(0, walkCharacters(text, count).bytes);
+}
+
+std::string_view trimBlanks(std::string_view text) {
+  while (!text.empty() && isBlank(firstCodePoint(text).value)) {
+    text.remove_prefix(firstCodePoint(text).length);
+  }
+  while (!text.empty() && isBlank(lastCodePoint(text).value)) {
+    text.remove_suffix(lastCodePoint(text).length);
+  }
+  return text;
+}
+
+std::string_view skipWhitespace(std::string_view text) {
+  while (!text.empty()) {
+    const CodePoint next = firstCodePoint(text);
+    if (!isBlank(next.value) && !isLineBreak(next.value)) break;
+    text.remove_prefix(next.length);
+  }
+  return text;
+}
+
+std::vector<std::string_view> nonEmptyLines(std::string_view text) {
+  std::vector<std::string_view> lines;
+  std::size_t start = 0;
+  const auto endLine = [&](std::size_t end) {
+    if (end > start) lines.push_back(text.substr(start, end - start));
+  };
+  for (std::size_t position = 0; position < text.size();) {
+    const CodePoint next = firstCodePoint(text.substr(position));
+    if (isLineBreak(next.value)) {
+      endLine(position);
+      start = position + next.length;
+    }
+    position += next.length;
+  }
+  endLine(text.size());
+  return lines;
+}
+
+std::string upperCased(std::string_view text) {
+  // Case folding does the one-to-many mappings, which upper-casing by code point lacks.
+  utf8proc_uint8_t* folded = nullptr;
+  const auto length = utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+                                   static_cast<utf8proc_ssize_t>(text.size()), &folded,
+                                   UTF8PROC_CASEFOLD);
+  const std::unique_ptr<utf8proc_uint8_t, decltype(&std::free)> owner(folded, &std::free);
+  if (length < 0) return std::string(text);
+  std::string_view rest(reinterpret_cast<const char*>(folded), static_cast<std::size_t>(length));
+  std::string upper;
+  while (!rest.empty()) {
+    const CodePoint next = firstCodePoint(rest);
+    append(upper, utf8proc_toupper(next.value));
+    rest.remove_prefix(next.length);
+  }
+  return upper;
+}
+
+std::string lowerCased(std::string_view text) {
+  std::string lower;
+  while (!text.empty()) {
+    const CodePoint next = firstCodePoint(text);
+    append(lower, utf8proc_tolower(next.value));
+    text.remove_prefix(next.length);
+  }
+  return lower;
+}
+
+}  // namespace quillon::platform

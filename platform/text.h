@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Text by the rules of Unicode. Every string is UTF-8; views returned point into the argument.
+/// "Character" means a user-perceived character, an extended grapheme cluster (UAX #29). Bytes
+/// that are not UTF-8 never fail: each counts as a character of its own. Any thread.
+namespace quillon::platform {
+
+/// Whether the bytes are well-formed UTF-8: no overlong forms, no surrogates, nothing cut off.
+[[nodiscard]] bool isValidUtf8(std::string_view text);
+
+/// The longest beginning of `text` that does not end inside an encoded code point.
+[[nodiscard]] std::string_view withoutCutOffEnd(std::string_view text);
+
+/// The number of characters, counting no further than `limit`.
+[[nodiscard]] std::size_t characterCount(std::string_view text, std::size_t limit);
+
+/// The first `count` characters; all of them when there are fewer.
+[[nodiscard]] std::string_view firstCharacters(std::string_view text, std::size_t count);
+
+/// Without space separators (category Zs) and tabs at both ends. Line breaks stay.
+[[nodiscard]] std::string_view trimBlanks(std::string_view text);
+
+/// Without leading characters of the property White_Space, line breaks included.
+[[nodiscard]] std::string_view skipWhitespace(std::string_view text);
+
+/// The non-empty lines, parted at U+000A to U+000D, U+0085, U+2028 and U+2029.
+[[nodiscard]] std::vector<std::string_view> nonEmptyLines(std::string_view text);
+
+/// Full upper-casing: a letter may become several ("ß" gives "SS").
+[[nodiscard]] std::string upperCased(std::string_view text);
+
+/// Lower-casing, code point by code point.
+[[nodiscard]] std::string lowerCased(std::string_view text);
+
+}  // namespace quillon::platform

@@ -1,0 +1,48 @@
+#include "platform/ui/application.h"
+
+#include "platform/dispatch.h"
+#include "platform/process.h"
+#include "platform/ui/module.h"
+
+namespace quillon::platform::ui {
+namespace {
+
+bool mayHaveDisplay() {
+  const auto isSet = [](const char* name) {
+    const auto value = startEnvironment().value(name);
+    return value && !value->empty();
+  };
+  return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY");
+}
+
+const Backend& chooseBackend() {
+  if (!mayHaveDisplay()) return headlessBackend();
+  keepSignalDispositions();
+  const Backend* module = loadBackendModule();
+  if (module == nullptr || !module->connect(&runPostedTasks)) return headlessBackend();
+  setWakeUp(module->wake);
+  return *module;
+}
+
+}  // namespace
+
+Application& Application::shared() {
+  // Never destroyed: the process ends without tearing anything down.
+  static Application& application = *new Application(chooseBackend());
+  return application;
+}
+
+void Application::run() {
+  postToMain([this] {
+    if (delegate_ != nullptr) delegate_->applicationDidFinishLaunching();
+  });
+  backend_.run();
+}
+
+void Window::makeKeyAndOrderFront() { Application::shared().backend().showWindow(*this); }
+
+void Window::display() const { Application::shared().backend().updateWindow(*this); }
+
+void Window::orderOut() const { Application::shared().backend().hideWindow(*this); }
+
+}  // namespace quillon::platform::ui

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/ui/backend.h"
+
+namespace quillon::platform::ui {
+
+class ApplicationDelegate {
+ public:
+  /// The event loop is running and has nothing else to do yet.
+  virtual void applicationDidFinishLaunching() = 0;
+
+ protected:
+  ~ApplicationDelegate() = default;
+};
+
+/// The process as an application of a desktop. Main thread only.
+class Application {
+ public:
+  /// The one application, made on first use: that is when a toolkit is loaded, if there is a
+  /// display and a module of this build. Without either it runs headless.
+  static Application& shared();
+
+  explicit Application(const Backend& backend) : backend_(backend) {}
+  Application(const Application&) = delete;
+  Application& operator=(const Application&) = delete;
+  ~Application() = default;
+
+  /// Not owned; must live as long as the application.
+  void setDelegate(ApplicationDelegate& delegate) { delegate_ = &delegate; }
+  void setActivationPolicy(ActivationPolicy policy) { backend_.setActivationPolicy(policy); }
+  /// Brings the application in front of all others.
+  void activateIgnoringOtherApps() { backend_.activate(); }
+  /// Tells the delegate that the launch has finished, then handles events.
+  void run();
+  /// Shows the alert and blocks until the user has dismissed it; at once when headless.
+  void runModal(const Alert& alert) { backend_.runModal(alert); }
+
+  [[nodiscard]] const Backend& backend() const { return backend_; }
+
+ private:
+  const Backend& backend_;
+  ApplicationDelegate* delegate_ = nullptr;
+};
+
+}  // namespace quillon::platform::ui

@@ -1,0 +1,30 @@
+#include "platform/ui/module.h"
+
+#include <dlfcn.h>
+
+#include "build_identity.h"
+#include "platform/bundle.h"
+
+namespace quillon::platform::ui {
+namespace {
+
+constexpr const char* moduleFileName = "libquillon-ui.so";
+
+Path modulePath() {
+  const Bundle bundle = bundleOf(executableLocation());
+  const bool isFolderOfItsOwn = bundle.location == bundle.resources;
+  return (isFolderOfItsOwn ? bundle.location : bundle.location / "Contents/Frameworks") /
+         moduleFileName;
+}
+
+}  // namespace
+
+const Backend* loadBackendModule() {
+  void* const module = ::dlopen(modulePath().c_str(), RTLD_NOW | RTLD_LOCAL);
+  if (module == nullptr) return nullptr;
+  auto* const entryPoint =
+      reinterpret_cast<BackendEntryPoint*>(::dlsym(module, backendEntryPoint));
+  return entryPoint == nullptr ? nullptr : entryPoint(buildIdentity);
+}
+
+}  // namespace quillon::platform::ui

@@ -1,0 +1,86 @@
+#include "reports/report_text.h"
+
+#include <array>
+#include <cstdio>
+
+namespace quillon {
+namespace {
+
+constexpr unsigned char firstUnescapedCode = 0x20;
+
+/// Every byte that needs escaping is an ASCII character: the bytes of all others are 0x80 or more.
+void appendEscaped(std::string& out, char character) {
+  switch (character) {
+    case '"': out += "\\\""; return;
+    case '\\': out += "\\\\"; return;
+    case '\t': out += "\\t"; return;
+    case '\n': out += "\\n"; return;
+    case '\r': out += "\\r"; return;
+    default: break;
+  }
+  const auto code = static_cast<unsigned char>(character);
+  if (code >= firstUnescapedCode) {
+    out += character;
+    return;
+  }
+  constexpr std::string_view digits = "0123456789abcdef";
+  out += "\\u00";
+  out += digits[code / digits.size()];
+  out += digits[code % digits.size()];
+}
+
+void appendQuoted(std::string& out, std::string_view text) {
+  out += '"';
+  out += jsonEscape(text);
+  out += '"';
+}
+
+void appendValue(std::string& out, const ReportValue& value) {
+  if (const auto* text = std::get_if<std::string>(&value)) {
+    appendQuoted(out, *text);
+  } else if (const auto* number = std::get_if<std::int64_t>(&value)) {
+    out += std::to_string(*number);
+  } else {
+    out += "null";
+  }
+}
+
+}  // namespace
+
+std::string jsonEscape(std::string_view text) {
+  std::string escaped;
+  escaped.reserve(text.size());
+  for (const char character : text) appendEscaped(escaped, character);
+  return escaped;
+}
+
+std::string writeJsonObject(const std::vector<ReportMember>& members) {
+  const char* separator = "";
+  std::string text("{");
+  for (const auto& [key, value] : members) {
+    text += std::exchange(separator, ",");
+    appendQuoted(text, key);
+    text += ':';
+    appendValue(text, value);
+  }
+  return text + "}\n";
+}
+
+std::string timestampText(std::chrono::system_clock::time_point instant) {
+  using namespace std::chrono;
+  // Calendar arithmetic alone: the C library would read the time zone's file even for UTC.
+  const auto day = floor<days>(instant);
+  const year_month_day date(day);
+  const hh_mm_ss time(floor<seconds>(instant - day));
+  std::array<char, 64> text{};
+  const int length = std::snprintf(
+      text.data(), text.size(), "%04d-%02u-%02uT%02d:%02d:%02dZ", static_cast<int>(date.year()),
+      static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
+      static_cast<int>(time.hours().count()), static_cast<int>(time.minutes().count()),
+      static_cast<int>(time.seconds().count()));
+  return {text.data(), static_cast<std::size_t>(length)};
+}
+
+std::string reportTimestamp() { return timestampText(std::chrono::system_clock::now()); }
+
+}  // namespace quillon

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+/// The text of the report files: one JSON object on one line, members in the order given, no blank
+/// anywhere, a line feed at the end. Any thread.
+namespace quillon {
+
+/// What a member holds; std::monostate is written as null.
+using ReportValue = std::variant<std::monostate, std::string, std::int64_t>;
+using ReportMember = std::pair<std::string_view, ReportValue>;
+
+/// The content of a JSON string (RFC 8259) for a text, without the quotes around it. Only what
+/// must be escaped is; bytes beyond ASCII stay as they are.
+[[nodiscard]] std::string jsonEscape(std::string_view text);
+
+/// The report text of the members.
+[[nodiscard]] std::string writeJsonObject(const std::vector<ReportMember>& members);
+
+/// An instant as ISO 8601 in UTC without fractions: 2026-03-01T14:05:09Z.
+[[nodiscard]] std::string timestampText(std::chrono::system_clock::time_point instant);
+
+/// The same for now.
+[[nodiscard]] std::string reportTimestamp();
+
+}  // namespace quillon
