@@ -45,8 +45,7 @@ const char* errorCodeOf(int exitStatus) {
 }
 
 std::string exitMessage(int exitStatus, std::int64_t elapsedMs, const DiscoveryRequest& request) {
-  const std::string route =
-      request.proxyServer.empty() ? "direct" : "via " + request.proxyServer;
+  const std::string route = request.proxyServer.empty() ? "direct" : "via " + request.proxyServer;
   return "curl exit " + std::to_string(exitStatus) + " against " + request.endpointURL + " " +
          route + " after " + std::to_string(elapsedMs) + " ms";
 }
@@ -75,8 +74,8 @@ std::optional<std::vector<std::string>> curlArguments(const DiscoveryRequest& re
 DiscoverResult interpretCurlRun(const platform::ChildRun& run, std::int64_t elapsedMs,
                                 const DiscoveryRequest& request) {
   if (run.startError != 0) {
-    return failure("INTERNAL",
-                   "Process.run(curl) failed: " + platform::errorText(run.startError), notRun, 0);
+    return failure("INTERNAL", "Process.run(curl) failed: " + platform::errorText(run.startError),
+                   notRun, 0);
   }
   if (run.exitStatus != 0) {
     return failure(errorCodeOf(run.exitStatus), exitMessage(run.exitStatus, elapsedMs, request),

@@ -28,8 +28,8 @@ namespace {
 /// The delegate does the launching from within the event loop.
 int runWindowed(const ProcessValues& values) {
   platform::ui::Application& application = platform::ui::Application::shared();
-  const auto delegate = std::make_shared<LauncherDelegate>(
-      values.overlay, values.engineBinary, values.originalArgs, values.userDataDir);
+  const auto delegate = std::make_shared<LauncherDelegate>(values.overlay, values.engineBinary,
+                                                           values.originalArgs, values.userDataDir);
   application.setDelegate(*delegate);
   application.setActivationPolicy(platform::ui::ActivationPolicy::accessory);
   application.run();

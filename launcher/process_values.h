@@ -14,8 +14,8 @@ namespace quillon {
 /// Written into every report.
 inline constexpr const char* launcherVersion = "0.30.0-mac";
 
-/// What one launch is about: fixed by the entry point, in this order, and only read afterwards, from
-/// any thread.
+/// What one launch is about: fixed by the entry point, in this order, and only read afterwards,
+/// from any thread.
 struct ProcessValues {
   platform::Bundle bundle;
   /// The engine's own bundle inside the launcher's.

@@ -37,7 +37,7 @@ std::vector<std::string> switchesOfWebglProfile(const JsonObject& catalogue,
   for (const auto& [name, value] : profile->members()) {
     const std::string text = switchValueText(value);
     if (name.starts_with('_') || text.empty()) continue;
-    switches.push_back("--" + name + "=" + text);
+    switches.push_back(std::string("--").append(name).append("=").append(text));
   }
   return switches;
 }

@@ -25,8 +25,8 @@ struct CataloguePlaces {
 
 /// The switches of one profile of a catalogue, in the file's order. An entry gives none when its
 /// name begins with "_" or its value is null or has an empty text.
-[[nodiscard]] std::vector<std::string> switchesOfWebglProfile(
-    const platform::JsonObject& catalogue, std::string_view profileName);
+[[nodiscard]] std::vector<std::string> switchesOfWebglProfile(const platform::JsonObject& catalogue,
+                                                              std::string_view profileName);
 
 /// The switches of the named profile; the file is read once, and only when a name is given.
 [[nodiscard]] std::vector<std::string> webglProfileSwitches(std::string_view profileName,

@@ -66,7 +66,9 @@ bool writeAll(int descriptor, std::string_view bytes) {
 }
 
 /// A name beside `path` that no other running process uses.
-Path unfinishedName(const Path& path) { return path.native() + "." + std::to_string(::getpid()); }
+Path unfinishedName(const Path& path) {
+  return path.native() + "." + std::to_string(::getpid());
+}
 
 /// Creates a file that was not there. What a dead process left under the name, or somebody put
 /// there, is removed first; a link is never followed.
@@ -80,7 +82,9 @@ UniqueFd createNewFile(const Path& path) {
 
 }  // namespace
 
-bool exists(const Path& path) { return statusOf(path).has_value(); }
+bool exists(const Path& path) {
+  return statusOf(path).has_value();
+}
 
 bool isExecutableFile(const Path& path) {
   const auto status = statusOf(path);
@@ -146,8 +150,8 @@ bool Folder::removeItem(std::string_view relativePath) const {
     return removeInFolder(descriptor_.get(), std::string(relativePath).c_str());
   }
   const std::string name(relativePath.substr(0, slash));
-  UniqueFd next(::openat(descriptor_.get(), name.c_str(),
-                         O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+  UniqueFd next(
+      ::openat(descriptor_.get(), name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
   if (!next.isOpen()) return errno == ENOENT || errno == ELOOP || errno == ENOTDIR;
   return Folder(std::move(next)).removeItem(relativePath.substr(slash + 1));
 }

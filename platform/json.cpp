@@ -21,6 +21,8 @@ class TreeBuilder {
   using string_t = std::string;
   using binary_t = nlohmann::json::binary_t;
 
+  // NOLINTBEGIN(readability-identifier-naming,readability-convert-member-functions-to-static):
+  // the reader's names and kinds of functions.
   bool null() { return add({}); }
   bool boolean(bool value) { return add({value}); }
   bool number_integer(std::int64_t value) { return add({JsonNumber(value)}); }
@@ -55,6 +57,7 @@ class TreeBuilder {
   bool parse_error(std::size_t, const std::string&, const nlohmann::json::exception&) {
     return false;
   }
+  // NOLINTEND(readability-identifier-naming,readability-convert-member-functions-to-static)
 
   [[nodiscard]] JsonObject takeRoot() { return std::move(root_); }
 
@@ -81,7 +84,9 @@ class TreeBuilder {
   JsonObject root_;
 };
 
-std::string quoted(const std::string& text) { return nlohmann::json(text).dump(); }
+std::string quoted(const std::string& text) {
+  return nlohmann::json(text).dump();
+}
 
 void appendCompact(std::string& out, const JsonValue& value);
 
@@ -149,8 +154,9 @@ void JsonObject::buildIndex() {
   for (std::size_t i = 0; i < members_.size(); ++i) {
     index_[i] = {std::hash<std::string>()(members_[i].key), i};
   }
-  std::sort(index_.begin(), index_.end(),
-            [this](const IndexEntry& left, const IndexEntry& right) { return precedes(left, right); });
+  std::sort(index_.begin(), index_.end(), [this](const IndexEntry& left, const IndexEntry& right) {
+    return precedes(left, right);
+  });
 }
 
 /// Equal keys are neighbours in the index, the last in the file behind the others.

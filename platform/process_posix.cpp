@@ -134,7 +134,8 @@ struct DrainedStream {
   /// Reads once; false at the end of the stream.
   bool readSome() {
     constexpr std::size_t chunkBytes = 65536;
-    std::array<char, chunkBytes> chunk;
+    std::array<char, chunkBytes>
+        chunk;  // NOLINT(*-member-init): filling it would cost more than reading
     const ssize_t got = ::read(descriptor, chunk.data(), chunk.size());
     if (got < 0) return errno == EINTR;
     const auto length = static_cast<std::size_t>(got);
@@ -151,8 +152,8 @@ int millisecondsUntil(Clock::time_point deadline) {
 
 /// Reads until both streams end or the deadline has passed.
 void drain(std::array<DrainedStream, 2>& streams, Clock::time_point deadline) {
-  std::array<pollfd, 2> polled{{{streams[0].descriptor, POLLIN, 0},
-                                {streams[1].descriptor, POLLIN, 0}}};
+  std::array<pollfd, 2> polled{
+      {{streams[0].descriptor, POLLIN, 0}, {streams[1].descriptor, POLLIN, 0}}};
   const auto isOpen = [](const pollfd& entry) { return entry.fd >= 0; };
   while (std::any_of(polled.begin(), polled.end(), isOpen)) {
     const int wait = millisecondsUntil(deadline);
@@ -233,8 +234,8 @@ ChildRun runChild(const Path& executable, const std::vector<std::string>& argume
     return {.startError = error};
   }
   ChildProcess child(id);
-  std::array<DrainedStream, 2> streams{{{output->readEnd.get(), outputLimit, {}},
-                                        {errors->readEnd.get(), 0, {}}}};
+  std::array<DrainedStream, 2> streams{
+      {{output->readEnd.get(), outputLimit, {}}, {errors->readEnd.get(), 0, {}}}};
   drain(streams, deadline);
   const int status = child.waitUntil(deadline);
   return {0, exitStatusOf(status), std::move(streams[0].kept), streams[0].bytes};

@@ -26,18 +26,25 @@ Path homeFolder() {
   const auto home = startEnvironment().value("HOME");
   if (home && !home->empty()) return Path(*home);
   const passwd* user = ::getpwuid(::getuid());
-  return user == nullptr || user->pw_dir == nullptr ? Path() : Path(user->pw_dir);
+  if (user == nullptr || user->pw_dir == nullptr) return {};
+  return user->pw_dir;
 }
 
-Path perUserFolder() { return homeFolder() / "Library/Application Support/Quillon"; }
+Path perUserFolder() {
+  return homeFolder() / "Library/Application Support/Quillon";
+}
 
-std::string errorText(int errorNumber) { return std::strerror(errorNumber); }
+std::string errorText(int errorNumber) {
+  return std::strerror(errorNumber);
+}
 
 void writeToStandardError(std::string_view text) {
   (void)std::signal(SIGPIPE, SIG_IGN);
   if (::write(STDERR_FILENO, text.data(), text.size()) < 0) return;
 }
 
-void endProcess(int status) { ::_exit(status); }
+void endProcess(int status) {
+  ::_exit(status);
+}
 
 }  // namespace quillon::platform

@@ -43,7 +43,7 @@ bool isLineBreak(utf8proc_int32_t codePoint) {
 }
 
 void append(std::string& out, utf8proc_int32_t codePoint) {
-  std::array<utf8proc_uint8_t, 4> bytes;
+  std::array<utf8proc_uint8_t, 4> bytes{};
   const auto length = utf8proc_encode_char(codePoint, bytes.data());
   out.append(reinterpret_cast<const char*>(bytes.data()), static_cast<std::size_t>(length));
 }
@@ -64,7 +64,7 @@ Walk walkCharacters(std::string_view text, std::size_t limit) {
         walk.bytes == 0 || !next.valid ||
         utf8proc_grapheme_break_stateful(previous, next.value, &breakState) != 0;
     if (startsCharacter && walk.characters == limit) break;
-    walk.characters += startsCharacter ? 1 : 0;
+    if (startsCharacter) ++walk.characters;
     walk.bytes += next.length;
     previous = next.value;
   }
@@ -139,9 +139,9 @@ std::vector<std::string_view> nonEmptyLines(std::string_view text) {
 std::string upperCased(std::string_view text) {
   // Case folding does the one-to-many mappings, which upper-casing by code point lacks.
   utf8proc_uint8_t* folded = nullptr;
-  const auto length = utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-                                   static_cast<utf8proc_ssize_t>(text.size()), &folded,
-                                   UTF8PROC_CASEFOLD);
+  const auto length =
+      utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+                   static_cast<utf8proc_ssize_t>(text.size()), &folded, UTF8PROC_CASEFOLD);
   const std::unique_ptr<utf8proc_uint8_t, decltype(&std::free)> owner(folded, &std::free);
   if (length < 0) return std::string(text);
   std::string_view rest(reinterpret_cast<const char*>(folded), static_cast<std::size_t>(length));

@@ -73,8 +73,9 @@ struct ReplyRow {
 
 DiscoverResult found(std::string ip, std::string country = "", std::string zone = "",
                      std::string latitude = "", std::string longitude = "") {
-  return {std::move(ip), 0, 5, "", "", std::move(country), std::move(zone), std::move(latitude),
-          std::move(longitude)};
+  return {
+      std::move(ip),       0, 5, "", "", std::move(country), std::move(zone), std::move(latitude),
+      std::move(longitude)};
 }
 
 /// A reply without a usable address; the message quotes its head.
@@ -150,7 +151,8 @@ TEST(Endpoints, ProviderIsTheLabelLeftOfTheTopLevelDomain) {
 }
 
 /// Flags that an overlay sets, by letter: a WebRTC, g geo, l language, t timezone; the upper-case
-/// ones say that the overlay carries the value (G latitude, H longitude, L lang, M accept-language).
+/// ones say that the overlay carries the value (G latitude, H longitude, L lang, M
+/// accept-language).
 OverlayKeys overlayWith(const std::string& flags) {
   OverlayKeys keys;
   const std::vector<std::pair<char, bool OverlayKeys::*>> fields{

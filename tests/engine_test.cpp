@@ -42,12 +42,11 @@ TEST(OverrideSwitches, PersonaInItsOrder) {
   EXPECT_EQ((SwitchList{"--force-webrtc-ip-handling-policy=default"}),
             personaSwitches(overlay, {}));
   const ResolvedPersona all{"1.1.1.1", "52", "13", "de-DE", "de,en", "Europe/Berlin"};
-  EXPECT_EQ((SwitchList{"--webrtc-fake-public-ip=1.1.1.1",
-                        "--force-webrtc-ip-handling-policy=default",
-                        "--timezone-override=Europe/Berlin", "--lang=de-DE",
-                        "--accept-language=de,en", "--geo-lat=52", "--geo-lng=13",
-                        "--geo-accuracy=100"}),
-            personaSwitches(overlay, all));
+  EXPECT_EQ(
+      (SwitchList{"--webrtc-fake-public-ip=1.1.1.1", "--force-webrtc-ip-handling-policy=default",
+                  "--timezone-override=Europe/Berlin", "--lang=de-DE", "--accept-language=de,en",
+                  "--geo-lat=52", "--geo-lng=13", "--geo-accuracy=100"}),
+      personaSwitches(overlay, all));
   EXPECT_EQ("ip=1.1.1.1 tz=Europe/Berlin lang=de-DE lat=52 lng=13", appliedOverridesText(all));
   EXPECT_EQ("none (passthrough)", appliedOverridesText({.resolvedAcceptLang = "de"}));
 }
@@ -71,9 +70,14 @@ TEST(EngineSpawn, DebuggingPairOnlyForAUsablePort) {
 
 TEST(EngineSpawn, ArgumentVectorInItsOrder) {
   const std::vector<std::string> expected{
-      "/e", "--hide-crash-restore-bubble", "b", "page", "--hide-crash-restore-bubble",
+      "/e",
+      "--hide-crash-restore-bubble",
+      "b",
+      "page",
+      "--hide-crash-restore-bubble",
       "--disable-features=PasswordManagerOnboarding,AutofillEnableAccountWalletStorage",
-      "--disable-save-password-bubble", "--remote-debugging-port=1",
+      "--disable-save-password-bubble",
+      "--remote-debugging-port=1",
       "--remote-debugging-address=127.0.0.1"};
   EXPECT_EQ(expected,
             engineArgumentVector("/e", {"--hide-crash-restore-bubble", "b"}, {"page"}, "1"));

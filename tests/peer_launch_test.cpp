@@ -125,10 +125,10 @@ TEST(PeerLaunch, DerivesThePersonaThroughEitherProxy) {
 TEST(PeerLaunch, FallbackTellsTheAddressAlone) {
   answer("<html>no</html> this page is longer than any address is", "\n 198.51.100.9 \r\nmore");
   const Launch launch(overlay(openProxy, R"("webrtc-no-leak":true)"));
-  EXPECT_EQ((std::vector<std::string>{"--webrtc-fake-public-ip=198.51.100.9",
-                                      "--force-webrtc-ip-handling-policy=default",
-                                      "chrome://version"}),
-            overrideSwitches(launch.run()));
+  EXPECT_EQ(
+      (std::vector<std::string>{"--webrtc-fake-public-ip=198.51.100.9",
+                                "--force-webrtc-ip-handling-policy=default", "chrome://version"}),
+      overrideSwitches(launch.run()));
   EXPECT_EQ("myip.quillon.example", reportMember(launch.resultFile(), "provider"));
   EXPECT_EQ("(none)", reportMember(launch.errorFile(), "step"));
 }
@@ -180,9 +180,9 @@ TEST(PeerLaunch, FailuresBlockTheLaunchAndSayWhy) {
 TEST(PeerLaunch, FallbackPolicyStartsTheEngineWithoutAPersona) {
   answer("", "");
   const Launch launch(overlay(openProxy, everything + R"(,"on-proxy-fail":"fallback")"));
-  EXPECT_EQ((std::vector<std::string>{"--force-webrtc-ip-handling-policy=default",
-                                      "chrome://version"}),
-            overrideSwitches(launch.run()));
+  EXPECT_EQ(
+      (std::vector<std::string>{"--force-webrtc-ip-handling-policy=default", "chrome://version"}),
+      overrideSwitches(launch.run()));
   EXPECT_EQ("ok", reportMember(launch.resultFile(), "status"));
   EXPECT_EQ("DISCOVERY_HTTP_ERROR", reportMember(launch.errorFile(), "error_code"));
 }

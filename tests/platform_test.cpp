@@ -25,13 +25,24 @@ std::string nested(std::size_t depth) {
 }
 
 TEST(Json, ReadsObjectsOnlyAndStrictly) {
-  const std::vector<std::string> readable{"{}",         " \n{\"a\":null}\t", "\xEF\xBB\xBF{}",
-                                          nested(512), "{\"a\":\"\\u0000\\ud83d\\ude00\"}"};
+  const std::vector<std::string> readable{"{}", " \n{\"a\":null}\t", "\xEF\xBB\xBF{}", nested(512),
+                                          "{\"a\":\"\\u0000\\ud83d\\ude00\"}"};
   for (const std::string& text : readable) EXPECT_TRUE(parseJsonObject(text)) << text;
-  const std::vector<std::string> unreadable{
-      "",       "[]",           "7",       "\"a\"",           "{",          "{}x",
-      "{'a':1}", "{\"a\":1,}",  "// \n{}", "{\"a\":\"\xFF\"}", "{\"a\":NaN}", "{\"a\":1e999}",
-      nested(513), std::string(100000, '['), std::string("{\"a\0\":1}", 8)};
+  const std::vector<std::string> unreadable{"",
+                                            "[]",
+                                            "7",
+                                            "\"a\"",
+                                            "{",
+                                            "{}x",
+                                            "{'a':1}",
+                                            "{\"a\":1,}",
+                                            "// \n{}",
+                                            "{\"a\":\"\xFF\"}",
+                                            "{\"a\":NaN}",
+                                            "{\"a\":1e999}",
+                                            nested(513),
+                                            std::string(100000, '['),
+                                            std::string("{\"a\0\":1}", 8)};
   for (const std::string& text : unreadable) EXPECT_FALSE(parseJsonObject(text)) << text;
 }
 

@@ -120,8 +120,8 @@ TEST(OverridesSummary, ListsWhatIsSwitchedOn) {
   EXPECT_EQ(nullptr, summarizeOverlay(&flat).switchObject);
   EXPECT_TRUE(summarizeOverlay(nullptr).activeKeys.empty());
   const std::vector<std::pair<const char*, const char*>> texts{
-      {"auto-geo", "true"}, {"webrtc-no-leak", "1"}, {"null", ""}, {"list", "[]"}, {"no", "No"},
-      {"zero", "0"}, {"missing", ""}};
+      {"auto-geo", "true"}, {"webrtc-no-leak", "1"}, {"null", ""},   {"list", "[]"},
+      {"no", "No"},         {"zero", "0"},           {"missing", ""}};
   for (const auto& [key, text] : texts) EXPECT_EQ(text, overlayValueText(overlay.find(key))) << key;
 }
 
@@ -129,7 +129,10 @@ TEST(OverridesSummary, LinesCutAndPadByCharacters) {
   EXPECT_EQ("a    1", summaryLine("a", "1", 3));
   EXPECT_EQ("bbb  1", summaryLine("bbb", "1", 3));
   EXPECT_EQ(std::string(27, 'k') + "…  v", summaryLine(std::string(40, 'k'), "v", 28));
-  EXPECT_EQ("e\u0301 " "  v", summaryLine("e\u0301", "v", 2));
+  EXPECT_EQ(
+      "e\u0301 "
+      "  v",
+      summaryLine("e\u0301", "v", 2));
   EXPECT_EQ("  v", summaryLine("", "v", 0));
   EXPECT_EQ("k  " + std::string(36, 'v'), summaryLine("k", std::string(36, 'v'), 1));
   EXPECT_EQ("k  " + std::string(33, 'v') + "…", summaryLine("k", std::string(37, 'v'), 1));
@@ -140,12 +143,8 @@ TEST(OverridesSummary, IsLaidOutFromTheBottomUpwards) {
       object(R"({"b":{"x":[1, 2]},"a":1,"chrome-command-line":{"--y":"2","--x":"1"}})");
   const SplashWindow splash(initialSplashSteps(), &overlay);
   const std::vector<std::pair<double, const char*>> lines{
-      {16, "--y  2"},
-      {34, "--x  1"},
-      {52, "Raw Chromium switches (2)"},
-      {82, "b  {\"x\":[1,2]}"},
-      {100, "a  1"},
-      {118, "Active overrides (2)"},
+      {16, "--y  2"},           {34, "--x  1"}, {52, "Raw Chromium switches (2)"},
+      {82, "b  {\"x\":[1,2]}"}, {100, "a  1"},  {118, "Active overrides (2)"},
   };
   for (const auto& [y, text] : lines) {
     const ui::Label& label = labelAt(splash.window, 16, y);
