@@ -22,7 +22,22 @@ using OwnedFont = std::unique_ptr<PangoFontDescription, Release<pango_font_descr
 using OwnedAttributes = std::unique_ptr<PangoAttrList, Release<pango_attr_list_unref>>;
 using OwnedPattern = std::unique_ptr<cairo_pattern_t, Release<cairo_pattern_destroy>>;
 using OwnedList = std::unique_ptr<GList, Release<g_list_free>>;
-/// The toolkit keeps its top-level windows until they are destroyed.
-using OwnedTopLevel = std::unique_ptr<GtkWidget, Release<gtk_widget_destroy>>;
+
+struct DestroyAndRelease {
+  void operator()(GtkWidget* topLevel) const {
+    gtk_widget_destroy(topLevel);
+    g_object_unref(topLevel);
+  }
+};
+
+/// A top-level window is the toolkit's until somebody, possibly from outside the process, destroys
+/// it: an owner needs a reference of its own.
+class OwnedTopLevel : public std::unique_ptr<GtkWidget, DestroyAndRelease> {
+ public:
+  explicit OwnedTopLevel(GtkWidget* topLevel)
+      : std::unique_ptr<GtkWidget, DestroyAndRelease>(topLevel) {
+    g_object_ref(topLevel);
+  }
+};
 
 }  // namespace quillon::platform::ui

@@ -2,7 +2,7 @@
 
 #include "platform/ui/gtk/frame_label.h"
 #include "platform/ui/gtk/owners.h"
-#include "platform/ui/gtk/screen_window.h"
+#include "platform/ui/gtk/window_manner.h"
 
 namespace quillon::platform::ui {
 namespace {
@@ -18,19 +18,21 @@ void boundText(GtkWidget* label, void*) {
 }
 
 OwnedTopLevel buildAlert(const Alert& alert, ActivationPolicy policy) {
+  constexpr int topMargin = 12;
   const OwnedText message = displayText(alert.messageText);
   const OwnedText informative = displayText(alert.informativeText);
   GtkWidget* const dialog = gtk_message_dialog_new(nullptr, GTK_DIALOG_MODAL, GTK_MESSAGE_ERROR,
                                                    GTK_BUTTONS_NONE, "%s", message.get());
   auto* const messageDialog = GTK_MESSAGE_DIALOG(dialog);
   gtk_message_dialog_format_secondary_text(messageDialog, "%s", informative.get());
-  gtk_container_foreach(GTK_CONTAINER(gtk_message_dialog_get_message_area(messageDialog)),
-                        boundText, nullptr);
+  GtkWidget* const texts = gtk_message_dialog_get_message_area(messageDialog);
+  gtk_widget_set_margin_top(texts, topMargin);
+  gtk_container_foreach(GTK_CONTAINER(texts), boundText, nullptr);
   auto* const window = GTK_WINDOW(dialog);
   gtk_window_set_title(window, message.get());
   gtk_window_set_keep_above(window, TRUE);
   gtk_window_set_position(window, GTK_WIN_POS_CENTER);
-  applyPolicy(window, policy);
+  applyManner(window, policy);
   return OwnedTopLevel(dialog);
 }
 

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "platform/ui/gtk/frame_label.h"
+#include "platform/ui/gtk/window_manner.h"
 
 namespace quillon::platform::ui {
 namespace {
@@ -36,6 +37,7 @@ gboolean drawBackground(GtkWidget*, cairo_t* context, const Window* window) {
   return GDK_EVENT_PROPAGATE;
 }
 
+/// An event handler as the toolkit calls it.
 gboolean closeWindow(GtkWidget* topLevel, GdkEvent*, const Window* window) {
   if (window->delegate != nullptr) window->delegate->windowWillClose();
   gtk_widget_hide(topLevel);
@@ -44,16 +46,10 @@ gboolean closeWindow(GtkWidget* topLevel, GdkEvent*, const Window* window) {
 
 }  // namespace
 
-void applyPolicy(GtkWindow* window, ActivationPolicy policy) {
-  const bool isAccessory = policy == ActivationPolicy::accessory;
-  gtk_window_set_skip_taskbar_hint(window, isAccessory);
-  gtk_window_set_skip_pager_hint(window, isAccessory);
-}
-
 ScreenWindow::ScreenWindow(Window& window, ActivationPolicy policy)
     : window_(window), topLevel_(gtk_window_new(GTK_WINDOW_TOPLEVEL)) {
   shutThemeOut();
-  buildFrame(policy);
+  setUpFrame(policy);
   GtkWidget* const content = gtk_fixed_new();
   gtk_style_context_add_class(gtk_widget_get_style_context(content), "quillon");
   const int height = boundedHeight(topLevel_.get(), window.contentSize.height);
@@ -64,17 +60,17 @@ ScreenWindow::ScreenWindow(Window& window, ActivationPolicy policy)
   gtk_container_add(GTK_CONTAINER(topLevel_.get()), content);
 }
 
-void ScreenWindow::buildFrame(ActivationPolicy policy) {
+void ScreenWindow::setUpFrame(ActivationPolicy policy) {
   auto* const topLevel = GTK_WINDOW(topLevel_.get());
   gtk_window_set_title(topLevel, displayText(window_.title).get());
   gtk_window_set_resizable(topLevel, FALSE);
   gtk_window_set_keep_above(topLevel, window_.level == Window::Level::floating);
   if (window_.centered) gtk_window_set_position(topLevel, GTK_WIN_POS_CENTER);
-  applyPolicy(topLevel, policy);
-  g_signal_connect(topLevel, "delete-event", G_CALLBACK(closeWindow), &window_);
-  gtk_widget_realize(topLevel_.get());
-  GdkWindow* const frame = gtk_widget_get_window(topLevel_.get());
-  gdk_window_set_functions(frame, GdkWMFunction(GDK_FUNC_MOVE | GDK_FUNC_CLOSE));
+  applyManner(topLevel, policy);
+  // The second is what a window hears that was destroyed from outside.
+  for (const char* event : {"delete-event", "destroy-event"}) {
+    g_signal_connect(topLevel, event, G_CALLBACK(closeWindow), &window_);
+  }
 }
 
 /// The plain window counts from its bottom edge, the screen from the top. A label that is not

@@ -7,9 +7,6 @@
 
 namespace quillon::platform::ui {
 
-/// What every window of an application with that policy has in common.
-void applyPolicy(GtkWindow* window, ActivationPolicy policy);
-
 /// The real window that mirrors a plain one. Main thread only.
 class ScreenWindow {
  public:
@@ -37,7 +34,7 @@ class ScreenWindow {
     Color color;
   };
 
-  void buildFrame(ActivationPolicy policy);
+  void setUpFrame(ActivationPolicy policy);
   void addLabels(GtkFixed* content, int height);
   void mirror();
 
