@@ -1,0 +1,118 @@
+#include "launch_fixture.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <chrono>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+namespace quillon::tests {
+namespace {
+
+std::vector<char*> pointersTo(const std::vector<std::string>& strings) {
+  std::vector<char*> pointers;
+  for (const std::string& string : strings) pointers.push_back(const_cast<char*>(string.c_str()));
+  pointers.push_back(nullptr);
+  return pointers;
+}
+
+EngineFacts parseFacts(const std::string& output) {
+  EngineFacts facts;
+  std::istringstream stream(output);
+  for (std::string fact; std::getline(stream, fact, '\0');) facts[fact[0]].push_back(fact.substr(1));
+  return facts;
+}
+
+/// Reads until every holder of the other end is gone: the launcher and its engine.
+std::string readToEnd(int descriptor) {
+  std::string text;
+  std::array<char, 65536> chunk;
+  for (ssize_t got = 0; (got = ::read(descriptor, chunk.data(), chunk.size())) > 0;) {
+    text.append(chunk.data(), static_cast<std::size_t>(got));
+  }
+  ::close(descriptor);
+  return text;
+}
+
+}  // namespace
+
+TemporaryFolder::TemporaryFolder() {
+  std::string pattern = (std::filesystem::temp_directory_path() / "quillon-test.XXXXXX").native();
+  path_ = ::mkdtemp(pattern.data());
+}
+
+TemporaryFolder::~TemporaryFolder() {
+  std::error_code ignored;
+  std::filesystem::remove_all(path_, ignored);
+}
+
+void TemporaryFolder::write(const Path& file, const std::string& content) const {
+  std::filesystem::create_directories((path_ / file).parent_path());
+  std::ofstream(path_ / file, std::ios::binary) << content;
+}
+
+bool TemporaryFolder::has(const Path& file) const {
+  return std::filesystem::symlink_status(path_ / file).type() !=
+         std::filesystem::file_type::not_found;
+}
+
+std::string contentOf(const Path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+Launch::Launch(const std::string& overlay) : executable(NIMBRA_EXECUTABLE) {
+  profile.write("command-line.json", overlay);
+  arguments = {"--user-data-dir=" + profile.path().native()};
+  environment = {"HOME=" + home.path().native(), "PATH=/usr/bin:/bin",
+                 "QUILLON_ENGINE_BIN=" STAND_IN_ENGINE};
+  if (const char* bundle = std::getenv("CURL_CA_BUNDLE")) {
+    environment.push_back(std::string("CURL_CA_BUNDLE=") + bundle);
+  }
+}
+
+Outcome Launch::run() const {
+  std::vector<std::string> argumentVector{executable.native()};
+  argumentVector.insert(argumentVector.end(), arguments.begin(), arguments.end());
+  const Path errorsFile = home.path() / "stderr";
+  std::array<int, 2> output{};
+  EXPECT_EQ(0, ::pipe2(output.data(), O_CLOEXEC));
+  const auto start = std::chrono::steady_clock::now();
+  const pid_t child = ::fork();
+  if (child == 0) {
+    ::dup2(output[1], STDOUT_FILENO);
+    ::dup2(::open(errorsFile.c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0600), STDERR_FILENO);
+    prepare();
+    ::execve(executable.c_str(), pointersTo(argumentVector).data(),
+             pointersTo(environment).data());
+    ::_exit(127);
+  }
+  ::close(output[1]);
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  const auto elapsed = std::chrono::steady_clock::now() - start;
+  Outcome outcome;
+  outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+  outcome.engine = parseFacts(readToEnd(output[0]));
+  outcome.errors = contentOf(errorsFile);
+  outcome.elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(elapsed);
+  return outcome;
+}
+
+std::string reportMember(const Path& report, const std::string& key) {
+  const std::string text = contentOf(report);
+  if (text.empty()) return "(none)";
+  const auto object = nlohmann::json::parse(text, nullptr, false);
+  EXPECT_TRUE(object.is_object()) << text;
+  if (!object.is_object() || !object.contains(key)) return "(none)";
+  return object[key].is_string() ? object[key].get<std::string>() : object[key].dump();
+}
+
+}  // namespace quillon::tests
