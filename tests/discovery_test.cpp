@@ -136,9 +136,7 @@ TEST(CountryLanguages, TableIsWholeAndLookupIgnoresCase) {
   }
   EXPECT_EQ((LanguagePair{"en-GB", "en-GB,en;q=0.9"}), lookupCountryLang("gB"));
   EXPECT_EQ("fr-BE,fr;q=0.9,nl;q=0.8,en;q=0.7", lookupCountryLang("be").accept);
-  EXPECT_EQ("en-CA,en;q=0.9,fr;q=0.8", lookupCountryLang("CA").accept);
   EXPECT_EQ("en-IN,en;q=0.9,hi;q=0.8", lookupCountryLang("in").accept);
-  EXPECT_EQ("nb-NO,nb;q=0.9,en;q=0.8", lookupCountryLang("NO").accept);
   for (const char* code : {"UK", "NG", " DE", "USA", ""}) {
     EXPECT_EQ((LanguagePair{"en-US", "en-US,en;q=0.9"}), lookupCountryLang(code)) << code;
   }

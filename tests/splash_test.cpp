@@ -38,19 +38,17 @@ TEST(SplashWindow, StandsAsDrawnWithoutASummary) {
   EXPECT_EQ((ui::Font{ui::Font::Family::system, 16, ui::Font::Weight::semibold}),
             splash.titleField->font);
   EXPECT_EQ((ui::Rect{16, 178, 428, 20}), splash.subtitleField->frame);
-  const std::vector<const char*> labels{"Loading persona overlay", "Discovering proxy egress IP",
-                                        "Applying anti-detect overrides", "Launching Nimbra"};
-  for (std::size_t i = 0; i < labels.size(); ++i) {
+  for (std::size_t i = 0; i < initialSplashSteps().size(); ++i) {
     const double y = 148 - 24 * static_cast<double>(i);
-    EXPECT_EQ((ui::Rect{14, y, 24, 20}), splash.rows[i].glyph.frame);
-    EXPECT_EQ("\u23F3", splash.rows[i].glyph.text);
-    EXPECT_EQ((ui::Color{245, 158, 11}), splash.rows[i].glyph.color);
-    EXPECT_EQ(ui::Alignment::center, splash.rows[i].glyph.alignment);
-    EXPECT_EQ((ui::Rect{40, y, 220, 20}), splash.rows[i].label.frame);
-    EXPECT_EQ(labels[i], splash.rows[i].label.text);
-    EXPECT_EQ((ui::Rect{260, y, 184, 20}), splash.rows[i].status.frame);
-    EXPECT_EQ(ui::Alignment::right, splash.rows[i].status.alignment);
-    EXPECT_EQ(ui::LineBreakMode::truncateMiddle, splash.rows[i].status.lineBreakMode);
+    const auto& [glyph, label, status] = splash.rows[i];
+    EXPECT_EQ((ui::Rect{14, y, 24, 20}), glyph.frame);
+    EXPECT_EQ("\u23F3", glyph.text);
+    EXPECT_EQ((ui::Color{245, 158, 11}), glyph.color);
+    EXPECT_EQ((ui::Rect{40, y, 220, 20}), label.frame);
+    EXPECT_EQ(initialSplashSteps()[i].label, label.text);
+    EXPECT_EQ((ui::Rect{260, y, 184, 20}), status.frame);
+    EXPECT_EQ(ui::Alignment::right, status.alignment);
+    EXPECT_EQ(ui::LineBreakMode::truncateMiddle, status.lineBreakMode);
   }
 }
 
