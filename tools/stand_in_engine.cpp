@@ -1,13 +1,14 @@
 // Stands in for the engine: tells on standard output how it was started and ends. Each fact is a
 // letter and a text, ended by a NUL:
 //   A an argument, argument zero first     E an environment entry
-//   F an open descriptor and its target    L a line of /proc/self/status
+//   F an open descriptor and its target    L the text of /proc/self/status
 //   S "leader" when it leads its session
 #include <unistd.h>
 
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 
 namespace {
@@ -35,7 +36,7 @@ int main(int count, char* arguments[]) {
   for (char** entry = ::environ; *entry != nullptr; ++entry) tell('E', *entry);
   tellDescriptors();
   std::ifstream status("/proc/self/status");
-  for (std::string line; std::getline(status, line);) tell('L', line);
+  tell('L', {std::istreambuf_iterator<char>(status), {}});
   if (::getsid(0) == ::getpid()) tell('S', "leader");
   return std::fflush(stdout);
 }

@@ -1,0 +1,107 @@
+#include <gtest/gtest.h>
+
+#include "engine/engine_spawn.h"
+#include "engine/override_switches.h"
+#include "launch_fixture.h"
+#include "launcher/fatal_report.h"
+#include "launcher/launcher_delegate.h"
+
+namespace quillon {
+namespace {
+
+TEST(OverrideSwitches, MemoryClasses) {
+  constexpr double gibibyte = 1073741824;
+  const std::vector<std::pair<double, const char*>> rows{
+      {64, "32"}, {24, "32"}, {23.99, "16"}, {18, "16"}, {12, "16"}, {11.9, "8"}, {8, "8"},
+      {6, "8"},   {3, "4"},   {2.9, "2"},    {1.5, "2"}, {1.4, "1"}, {1e-9, "1"}};
+  for (const auto& [gibibytes, value] : rows) {
+    EXPECT_EQ(value, deviceMemoryValue(static_cast<std::uint64_t>(gibibytes * gibibyte)))
+        << gibibytes;
+  }
+  EXPECT_FALSE(deviceMemoryValue(0));
+}
+
+TEST(OverrideSwitches, OnlyWhatIsKnownAndNotGiven) {
+  OverlayKeys given;
+  given.deviceMemorySet = given.hardwareConcurrencySet = given.speechVoicesSet = true;
+  EXPECT_EQ((SwitchList{"chrome://version"}), machineSwitches(given, {16ULL << 30, 8}));
+  OverlayKeys open;
+  open.startPage = "https://a b/";
+  EXPECT_EQ((SwitchList{"--device-memory=16", "--hardware-concurrency=8",
+                        "--speech-voices-preset=stock-chrome-mac", "https://a b/"}),
+            machineSwitches(open, {16ULL << 30, 8}));
+  EXPECT_EQ((SwitchList{"--speech-voices-preset=stock-chrome-mac", "https://a b/"}),
+            machineSwitches(open, {0, 0}));
+}
+
+TEST(OverrideSwitches, PersonaInItsOrder) {
+  OverlayKeys overlay;
+  EXPECT_TRUE(personaSwitches(overlay, {}).empty());
+  EXPECT_EQ((SwitchList{"--geo-lat=1"}), personaSwitches(overlay, {.resolvedGeoLat = "1"}));
+  overlay.webrtcNoLeak = true;
+  EXPECT_EQ((SwitchList{"--force-webrtc-ip-handling-policy=default"}),
+            personaSwitches(overlay, {}));
+  const ResolvedPersona all{"1.1.1.1", "52", "13", "de-DE", "de,en", "Europe/Berlin"};
+  EXPECT_EQ((SwitchList{"--webrtc-fake-public-ip=1.1.1.1",
+                        "--force-webrtc-ip-handling-policy=default",
+                        "--timezone-override=Europe/Berlin", "--lang=de-DE",
+                        "--accept-language=de,en", "--geo-lat=52", "--geo-lng=13",
+                        "--geo-accuracy=100"}),
+            personaSwitches(overlay, all));
+  EXPECT_EQ("ip=1.1.1.1 tz=Europe/Berlin lang=de-DE lat=52 lng=13", appliedOverridesText(all));
+  EXPECT_EQ("none (passthrough)", appliedOverridesText({.resolvedAcceptLang = "de"}));
+}
+
+TEST(EngineSpawn, DebuggingPairOnlyForAUsablePort) {
+  const SwitchList pair{"--remote-debugging-port=9222", "--remote-debugging-address=127.0.0.1"};
+  for (const char* port : {"9222", "+9222", "09222"}) {
+    EXPECT_EQ(pair, debuggingSwitches(port, {"--remote-debugging-address=0.0.0.0",
+                                             "--remote-debugging-portable=1"}));
+  }
+  EXPECT_EQ("--remote-debugging-port=1", debuggingSwitches("1", {}).at(0));
+  EXPECT_EQ("--remote-debugging-port=65535", debuggingSwitches("65535", {}).at(0));
+  for (const char* port : {"", "0", "65536", "-1", "+-1", "-", "+", "++1", "port", "92 22", " 9222",
+                           "9222\n", "9222.0", "0x50", "99999999999999999999"}) {
+    EXPECT_TRUE(debuggingSwitches(port, {}).empty()) << port;
+  }
+  for (const char* given : {"--remote-debugging-port", "--remote-debugging-port=1234"}) {
+    EXPECT_TRUE(debuggingSwitches("9222", {"-x", given}).empty()) << given;
+  }
+}
+
+TEST(EngineSpawn, ArgumentVectorInItsOrder) {
+  const std::vector<std::string> expected{
+      "/e", "--hide-crash-restore-bubble", "b", "page", "--hide-crash-restore-bubble",
+      "--disable-features=PasswordManagerOnboarding,AutofillEnableAccountWalletStorage",
+      "--disable-save-password-bubble", "--remote-debugging-port=1",
+      "--remote-debugging-address=127.0.0.1"};
+  EXPECT_EQ(expected,
+            engineArgumentVector("/e", {"--hide-crash-restore-bubble", "b"}, {"page"}, "1"));
+}
+
+TEST(EngineSpawn, FailuresHaveTheirCaseAndText) {
+  const tests::TemporaryFolder folder;
+  folder.write("plain", "x");
+  folder.write("garbage", "no program");
+  folder.write("orphan", "#!/missing/interpreter\n");
+  for (const char* name : {"garbage", "orphan"}) {
+    std::filesystem::permissions(folder.path() / name, std::filesystem::perms::owner_all);
+  }
+  for (const platform::Path& engine :
+       {folder.path() / "missing", folder.path() / "plain", folder.path()}) {
+    const auto error = spawnEngine(engine, {}, {}, "");
+    ASSERT_TRUE(error);
+    EXPECT_EQ("Engine binary not found:\n" + engine.native(), fatalMessage(*error));
+    EXPECT_EQ("engine binary not found at " + engine.native(), error->description());
+  }
+  const auto garbage = spawnEngine(folder.path() / "garbage", {}, {}, "");
+  ASSERT_TRUE(garbage);
+  EXPECT_EQ("Engine spawn failed: posix_spawn failed (errno 8): Exec format error",
+            fatalMessage(*garbage));
+  const auto orphan = spawnEngine(folder.path() / "orphan", {}, {}, "");
+  ASSERT_TRUE(orphan);
+  EXPECT_EQ(2, orphan->errorNumber);
+}
+
+}  // namespace
+}  // namespace quillon

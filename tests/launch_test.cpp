@@ -1,0 +1,225 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <cstdlib>
+#include <sstream>
+
+#include "discovery/egress_discovery.h"
+#include "launch_fixture.h"
+#include "platform/process.h"
+
+namespace quillon::tests {
+namespace {
+
+const std::vector<std::string> baseSwitches{
+    "--hide-crash-restore-bubble",
+    "--disable-features=PasswordManagerOnboarding,AutofillEnableAccountWalletStorage",
+    "--disable-save-password-bubble"};
+
+/// An overlay that leaves nothing of the machine in the switches.
+const std::string fixedMachine =
+    R"("device-memory":1,"hardware-concurrency":1,"speech-voices":1)";
+
+/// The signals of a set in the text of a /proc/PID/status; without the two that the C library keeps
+/// to itself and changes in every child it spawns.
+std::uint64_t signalsIn(const std::string& status, const std::string& name) {
+  constexpr std::uint64_t ofTheLibrary = 0x180000000;
+  const std::size_t start = status.find("\n" + name + ":\t") + name.size() + 3;
+  return std::stoull(status.substr(start), nullptr, 16) & ~ofTheLibrary;
+}
+
+/// The engine of a launch that has ended, adopted by the test and killed with its session.
+class AdoptedEngine {
+ public:
+  AdoptedEngine() {
+    const std::string own = std::to_string(::getpid());
+    id_ = std::atoi(contentOf("/proc/" + own + "/task/" + own + "/children").c_str());
+  }
+  AdoptedEngine(const AdoptedEngine&) = delete;
+  AdoptedEngine& operator=(const AdoptedEngine&) = delete;
+  ~AdoptedEngine() {
+    if (id_ <= 0) return;
+    ::kill(-id_, SIGKILL);
+    ::waitpid(id_, nullptr, 0);
+  }
+
+  [[nodiscard]] std::vector<std::string> commandLine() const {
+    std::vector<std::string> arguments;
+    std::istringstream text(contentOf("/proc/" + std::to_string(id_) + "/cmdline"));
+    for (std::string argument; std::getline(text, argument, '\0');) arguments.push_back(argument);
+    return arguments;
+  }
+
+ private:
+  pid_t id_ = 0;
+};
+
+TEST(PassthroughLaunch, StartsTheEngineAndWritesItsReport) {
+  Launch launch("{" + fixedMachine + R"(,"start-page":"https://a.example/","cdp-tcp-port":9222,
+                 "webrtc-no-leak":true,"webrtc-fake-public-ip":"","webgl-profile":"mac-intel-iris",
+                 "granular-storage-reset":{"websql":true}})");
+  launch.profile.write("Default/databases/db", "x");
+  launch.profile.write("Default/Last Tabs", "x");
+  launch.profile.write("Default/Bookmarks", "x");
+  launch.profile.write(launch.errorFile(), "stale");
+  launch.arguments.insert(launch.arguments.begin(), {"--a b", "\xFF\xFE", ""});
+  launch.arguments.push_back("--user-data-dir=/second");
+  const Outcome outcome = launch.run();
+  EXPECT_EQ(0, outcome.status);
+  EXPECT_EQ("", outcome.errors);
+  std::vector<std::string> expected{STAND_IN_ENGINE};
+  expected.insert(expected.end(), launch.arguments.begin(), launch.arguments.end());
+  expected.insert(expected.end(),
+                  {"--webgl-vendor=Google Inc. (Intel Inc.)",
+                   "--webgl-renderer=ANGLE (Intel Inc., ANGLE Metal Renderer: Intel(R) Iris(TM) "
+                   "Plus Graphics 655, Unspecified Version)",
+                   "--webgl-max-texture-size=16384", "https://a.example/"});
+  expected.insert(expected.end(), baseSwitches.begin(), baseSwitches.end());
+  expected.insert(expected.end(),
+                  {"--remote-debugging-port=9222", "--remote-debugging-address=127.0.0.1"});
+  ASSERT_TRUE(outcome.engine.contains('A'));
+  EXPECT_EQ(expected, outcome.engine.at('A'));
+  EXPECT_EQ("passthrough", reportMember(launch.resultFile(), "status"));
+  EXPECT_EQ("0", reportMember(launch.resultFile(), "elapsed_ms"));
+  EXPECT_EQ("0.30.0-mac", reportMember(launch.resultFile(), "launcher_version"));
+  EXPECT_EQ("stale", contentOf(launch.errorFile())) << "a launch without a window leaves it alone";
+  EXPECT_FALSE(launch.profile.has("Default/databases"));
+  EXPECT_FALSE(launch.profile.has("Default/Last Tabs"));
+  EXPECT_TRUE(launch.profile.has("Default/Bookmarks"));
+}
+
+TEST(PassthroughLaunch, EngineInheritsWhatTheLauncherWasGiven) {
+  Launch launch;
+  launch.environment.insert(launch.environment.begin(),
+                            {"no equals sign", "EMPTY=", "TWICE=1", "TWICE=2", "BYTES=\xFF\n"});
+  launch.prepare = [] {
+    ::close(STDIN_FILENO);
+    ::close_range(3, ~0U, 0);
+    ::dup2(STDOUT_FILENO, 7);
+    sigset_t blocked;
+    ::sigemptyset(&blocked);
+    ::sigaddset(&blocked, SIGUSR2);
+    ::sigprocmask(SIG_SETMASK, &blocked, nullptr);
+  };
+  const auto before = std::signal(SIGPIPE, SIG_IGN);
+  const std::uint64_t ignored = signalsIn(contentOf("/proc/self/status"), "SigIgn");
+  const Outcome outcome = launch.run();
+  std::signal(SIGPIPE, before);
+  ASSERT_TRUE(outcome.engine.contains('E'));
+  EXPECT_EQ(launch.environment, outcome.engine.at('E'));
+  std::vector<std::string> descriptors;
+  for (const std::string& fact : outcome.engine.at('F')) {
+    descriptors.push_back(fact.substr(0, fact.find(' ')));
+  }
+  std::sort(descriptors.begin(), descriptors.end());
+  EXPECT_EQ((std::vector<std::string>{"1", "2", "7"}), descriptors);
+  EXPECT_EQ(1U << (SIGUSR2 - 1), signalsIn(outcome.engine.at('L')[0], "SigBlk"));
+  EXPECT_EQ(ignored, signalsIn(outcome.engine.at('L')[0], "SigIgn"));
+  EXPECT_TRUE(outcome.engine.contains('S')) << "the engine leads a session of its own";
+}
+
+TEST(PassthroughLaunch, WithoutAProfileTheReportGoesToTheUsersFolder) {
+  for (const std::vector<std::string>& arguments :
+       {std::vector<std::string>{}, {"--user-data-dir="}, {"--user-data-dir", "/profile"}}) {
+    Launch launch;
+    launch.arguments = arguments;
+    launch.home.write("Library/Application Support/Quillon/command-line.json",
+                      R"({"start-page":"per-user"})");
+    launch.prepare = [folder = launch.home.path()] { ::chdir(folder.c_str()); };
+    const Outcome outcome = launch.run();
+    EXPECT_EQ(0, outcome.status);
+    ASSERT_TRUE(outcome.engine.contains('A'));
+    const auto& started = outcome.engine.at('A');
+    EXPECT_NE(started.end(), std::find(started.begin(), started.end(), "per-user"));
+    EXPECT_EQ("passthrough",
+              reportMember(launch.home.path() / "Library/Application Support/Quillon" /
+                               launch.resultFile().filename(),
+                           "status"));
+  }
+}
+
+TEST(PassthroughLaunch, BadOverlaysGiveTheDefaults) {
+  const std::vector<std::string> overlays{
+      "", "[]", "7", "{\"auto-geo\":tru", "{\"auto-geo\":true,\"x\":\"\xFF\"}",
+      "{\"auto-geo\":1,\"x\":1e999}", "{\"auto-geo\":true,\"x\":" + std::string(100000, '[')};
+  for (const std::string& overlay : overlays) {
+    const Launch launch(overlay);
+    EXPECT_EQ(0, launch.run().status);
+    EXPECT_EQ("passthrough", reportMember(launch.resultFile(), "status")) << overlay.substr(0, 40);
+  }
+}
+
+TEST(FatalReport, NamesTheEngineAndLeavesTheResultFile) {
+  struct Row {
+    std::string engine;
+    std::string errors;
+  };
+  const std::vector<Row> rows{
+      {"/missing/engine", "Engine binary not found:\n/missing/engine"},
+      {"/tmp", "Engine binary not found:\n/tmp"},
+      {"", "Engine binary not found:\n" +
+               Path(NIMBRA_EXECUTABLE).parent_path().parent_path().parent_path().native() +
+               "/Contents/Frameworks/Nimbra Engine.app/Contents/MacOS/Nimbra Engine"},
+  };
+  for (const Row& row : rows) {
+    Launch launch;
+    launch.environment.push_back("QUILLON_ENGINE_BIN=" + row.engine);
+    std::erase(launch.environment, "QUILLON_ENGINE_BIN=" STAND_IN_ENGINE);
+    const Outcome outcome = launch.run();
+    EXPECT_EQ(1, outcome.status);
+    EXPECT_EQ("[quillon-launcher] " + row.errors + "\n", outcome.errors);
+    EXPECT_EQ("passthrough", reportMember(launch.resultFile(), "status"));
+  }
+}
+
+TEST(FatalReport, GoneReaderOfStandardErrorChangesNothing) {
+  Launch launch;
+  launch.environment.push_back("QUILLON_ENGINE_BIN=/missing");
+  std::erase(launch.environment, "QUILLON_ENGINE_BIN=" STAND_IN_ENGINE);
+  launch.prepare = [] {
+    int ends[2];
+    if (::pipe(ends) != 0) ::_exit(127);
+    ::dup2(ends[1], STDERR_FILENO);
+    ::close(ends[0]);
+  };
+  EXPECT_EQ(1, launch.run().status);
+}
+
+TEST(ChromiumLaunch, RunningBrowserHasOurSwitchesAndAnswersOnLoopback) {
+  const Path chromium = "/usr/lib/chromium/chromium";
+  if (!std::filesystem::exists(chromium)) GTEST_SKIP() << "Debian's chromium is not installed";
+  constexpr const char* port = "19222";
+  Launch launch("{" + fixedMachine + R"(,"start-page":"about:blank","cdp-tcp-port":")" + port +
+                "\"}");
+  launch.environment[2] = "QUILLON_ENGINE_BIN=" + chromium.native();
+  launch.arguments.insert(launch.arguments.end(),
+                          {"--headless", "--no-sandbox", "--disable-gpu", "--disable-quic",
+                           "--no-first-run", "--disable-background-networking",
+                           "--disable-component-update", "--disable-sync"});
+  launch.prepare = [] { ::dup2(::open("/dev/null", O_WRONLY), STDOUT_FILENO); };
+  ::prctl(PR_SET_CHILD_SUBREAPER, 1);
+  ASSERT_EQ(0, launch.run().status);
+  const AdoptedEngine browser;
+  std::vector<std::string> expected{chromium.native()};
+  expected.insert(expected.end(), launch.arguments.begin(), launch.arguments.end());
+  expected.emplace_back("about:blank");
+  expected.insert(expected.end(), baseSwitches.begin(), baseSwitches.end());
+  expected.insert(expected.end(), {std::string("--remote-debugging-port=") + port,
+                                   "--remote-debugging-address=127.0.0.1"});
+  const auto version = platform::runChild(
+      curlExecutable,
+      {"--silent", "--fail", "--retry", "30", "--retry-delay", "1", "--retry-connrefused",
+       std::string("http://127.0.0.1:") + port + "/json/version"},
+      std::chrono::seconds(40), 10000);
+  EXPECT_EQ(0, version.exitStatus);
+  EXPECT_NE(std::string::npos, version.output.find("webSocketDebuggerUrl")) << version.output;
+  EXPECT_EQ(expected, browser.commandLine());
+}
+
+}  // namespace
+}  // namespace quillon::tests

@@ -1,0 +1,148 @@
+#include <gtest/gtest.h>
+
+#include "launch_fixture.h"
+#include "overlay/overlay_file.h"
+#include "overlay/overlay_keys.h"
+#include "overlay/webgl_catalogue.h"
+
+namespace quillon {
+namespace {
+
+using tests::TemporaryFolder;
+
+platform::JsonObject object(const std::string& text) {
+  const auto parsed = platform::parseJsonObject(text);
+  EXPECT_TRUE(parsed) << text;
+  return parsed.value_or(platform::JsonObject());
+}
+
+TEST(OverlayFile, ProfileFolderIsTheFirstExactSwitch) {
+  using Arguments = std::vector<std::string>;
+  EXPECT_EQ("/a", userDataDirFromArgs({"-x", "--user-data-dir=/a", "--user-data-dir=/b"}));
+  EXPECT_EQ("", userDataDirFromArgs({"--user-data-dir="}));
+  EXPECT_EQ(" ~/\"q\" ", userDataDirFromArgs({"--user-data-dir= ~/\"q\" "}));
+  for (const Arguments& arguments :
+       {Arguments{}, {"--user-data-dir", "/a"}, {"--User-Data-Dir=/a"}, {"-user-data-dir=/a"}}) {
+    EXPECT_FALSE(userDataDirFromArgs(arguments));
+  }
+}
+
+TEST(OverlayFile, ExactlyOneFileIsChosen) {
+  const TemporaryFolder profile;
+  const std::string folder = profile.path().native();
+  EXPECT_EQ("Quillon", overlayFileURL(folder).parent_path().filename());
+  EXPECT_EQ(overlayFileURL(std::nullopt), overlayFileURL(folder));
+  profile.write("command-line.json/inside", "a folder of that name");
+  EXPECT_EQ(profile.path() / "command-line.json", overlayFileURL(folder));
+  EXPECT_FALSE(readOverlayObject(overlayFileURL(folder)));
+}
+
+/// The value of a key by every JSON kind, and what each reading makes of it.
+TEST(OverlayKeys, EveryKeyTakesEveryKindByItsRule) {
+  struct Row {
+    const char* json;
+    bool isOn;
+    const char* text;
+    const char* port;
+  };
+  const std::vector<Row> rows{
+      {"null", false, "", ""},
+      {"true", true, "", "1"},
+      {"false", false, "", "0"},
+      {"1", true, "", "1"},
+      {"0", false, "", "0"},
+      {"2", true, "", "2"},
+      {"0.5", true, "", "0"},
+      {"9222.9", true, "", "9222"},
+      {"\"true\"", true, "true", "true"},
+      {"\"1\"", true, "1", "1"},
+      {"\"TRUE\"", false, "TRUE", "TRUE"},
+      {"\" true\"", false, " true", "true"},
+      {"\" \\t9222\\u00a0\"", false, " \t9222\u00A0", "9222"},
+      {"\"9222\\n\"", false, "9222\n", "9222\n"},
+      {"\"yes\"", false, "yes", "yes"},
+      {"\"\"", false, "", ""},
+      {"[1]", false, "", ""},
+      {"{\"a\":1}", false, "", ""},
+  };
+  for (const Row& row : rows) {
+    std::string json = "{\"unknown\":1";
+    for (const char* key :
+         {"proxy-server", "webrtc-no-leak", "webrtc-fake-public-ip", "on-proxy-fail", "auto-geo",
+          "auto-lang", "auto-timezone", "geo-lat", "geo-lng", "lang", "accept-language",
+          "timezone-override", "close-previous-tabs", "start-page", "granular-storage-reset",
+          "device-memory", "hardware-concurrency", "speech-voices", "webgl-profile",
+          "cdp-tcp-port"}) {
+      json += ",\"" + std::string(key) + "\":" + row.json;
+    }
+    const OverlayKeys keys = overlayKeysFrom(object(json + "}"));
+    OverlayKeys expected;
+    for (bool OverlayKeys::*on : {&OverlayKeys::webrtcNoLeak, &OverlayKeys::autoGeo,
+                                  &OverlayKeys::autoLang, &OverlayKeys::autoTimezone}) {
+      expected.*on = row.isOn;
+    }
+    for (bool OverlayKeys::*set :
+         {&OverlayKeys::webrtcFakePublicIpSet, &OverlayKeys::geoLatSet, &OverlayKeys::geoLngSet,
+          &OverlayKeys::langSet, &OverlayKeys::acceptLanguageSet, &OverlayKeys::timezoneOverrideSet,
+          &OverlayKeys::deviceMemorySet, &OverlayKeys::hardwareConcurrencySet,
+          &OverlayKeys::speechVoicesSet}) {
+      expected.*set = true;
+    }
+    expected.proxyServer = expected.startPage = expected.webglProfile = row.text;
+    expected.closePreviousTabs = row.isOn || !expected.startPage.empty();
+    if (row.json[0] == '{') expected.granularStorageReset = {{"a", true}};
+    expected.cdpTcpPort = row.port;
+    EXPECT_EQ(expected, keys) << row.json;
+  }
+  EXPECT_EQ(OverlayKeys(), overlayKeysFrom(object(R"({"speech-voices-preset":1,"Lang":"x"})")));
+}
+
+TEST(OverlayKeys, RulesOfSingleKeys) {
+  const auto keys = [](const std::string& json) { return overlayKeysFrom(object(json)); };
+  EXPECT_EQ("fallback", keys(R"({"on-proxy-fail":"fallback"})").onProxyFail);
+  for (const char* policy : {"Fallback", "fallback ", "block", ""}) {
+    EXPECT_EQ("block", keys(R"({"on-proxy-fail":")" + std::string(policy) + "\"}").onProxyFail);
+  }
+  const std::string nested = R"("chrome-command-line":{"--proxy-server":"socks5://n"}})";
+  EXPECT_EQ("socks5://n", keys(R"({"proxy-server":"",)" + nested).proxyServer);
+  EXPECT_EQ("socks5://n", keys(R"({"proxy-server":7,)" + nested).proxyServer);
+  EXPECT_EQ("socks5://t", keys(R"({"proxy-server":"socks5://t",)" + nested).proxyServer);
+  EXPECT_EQ("", keys(R"({"chrome-command-line":{"--proxy-server":7}})").proxyServer);
+  const std::map<std::string, bool> reset{{"a", false}, {"b", true}, {"c", false}, {"all", true}};
+  EXPECT_EQ(reset, keys(R"({"granular-storage-reset":{"a":false,"b":2,"c":0,"cookies":"true",
+                            "d":null,"e":[],"f":{},"all":true}})")
+                       .granularStorageReset);
+  EXPECT_TRUE(keys(R"({"start-page":"x","close-previous-tabs":false})").closePreviousTabs);
+}
+
+TEST(WebglCatalogue, OneBadEntryCostsOnlyItself) {
+  const auto catalogue = object(R"({"other":1,"profiles":{"flat":7,"p":{
+      "_comment":"x","s":"text","empty":"","null":null,"n":2,"f":0.5,"b":true,"off":false,
+      "a":["x", "y"],"o":{"k": [1]},"--dashed":"v","n":3}}})");
+  const std::vector<std::string> expected{
+      "--s=text",  "--f=0.5",          "--b=1",         "--off=0",
+      "--a=[\"x\",\"y\"]", "--o={\"k\":[1]}", "----dashed=v", "--n=3"};
+  EXPECT_EQ(expected, switchesOfWebglProfile(catalogue, "p"));
+  for (const char* name : {"P", "p ", "flat", "missing"}) {
+    EXPECT_TRUE(switchesOfWebglProfile(catalogue, name).empty()) << name;
+  }
+  for (const char* json : {"{}", R"({"profiles":[]})", R"({"profiles":{"p":"x"}})"}) {
+    EXPECT_TRUE(switchesOfWebglProfile(object(json), "p").empty()) << json;
+  }
+}
+
+TEST(WebglCatalogue, ResourceComesBeforeTheProgramsFolder) {
+  const TemporaryFolder folder;
+  const std::string name = "quillon-webgl-profiles.json";
+  const CataloguePlaces places{{folder.path(), folder.path() / "Resources"},
+                               (folder.path() / "bin/Nimbra").native()};
+  EXPECT_FALSE(webglCatalogueURL(places));
+  EXPECT_TRUE(webglProfileSwitches("p", places).empty());
+  folder.write("bin/" + name, R"({"profiles":{"p":{"place":"program"}}})");
+  EXPECT_EQ((std::vector<std::string>{"--place=program"}), webglProfileSwitches("p", places));
+  folder.write("Resources/" + name, "malformed");
+  EXPECT_TRUE(webglProfileSwitches("p", places).empty()) << "the first place that has one counts";
+}
+
+}  // namespace
+}  // namespace quillon

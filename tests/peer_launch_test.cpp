@@ -1,0 +1,210 @@
+#include <arpa/inet.h>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+
+#include "launch_fixture.h"
+
+/// Launches with a window (headless), through real curl, SOCKS5 proxies and TLS endpoints: to be
+/// run by scripts/with-peers.
+namespace quillon::tests {
+namespace {
+
+std::string environmentValue(const char* name) {
+  const char* value = std::getenv(name);
+  return value == nullptr ? "" : value;
+}
+
+const std::string openProxy = environmentValue("QUILLON_PROXY");
+const std::string passwordProxy = environmentValue("QUILLON_AUTH_PROXY");
+
+const std::string jsonReply =
+    R"({"ip":"203.0.113.7","country_code":"de","timezone":"Europe/Berlin","latitude":52.52,
+        "longitude":13.405})";
+
+std::string replaced(std::string text, const std::string& part, const std::string& by) {
+  return text.replace(text.find(part), part.size(), by);
+}
+
+/// What the endpoints answer from now on; no reply means an error page.
+void answer(const std::string& geoip, const std::string& myip) {
+  const Path folder = environmentValue("QUILLON_REPLIES");
+  for (const auto& [name, reply] : {std::pair("geoip", geoip), std::pair("myip", myip)}) {
+    std::filesystem::remove(folder / name);
+    if (!reply.empty()) std::ofstream(folder / name, std::ios::binary) << reply;
+  }
+}
+
+/// A port on loopback that accepts connections and never says a word.
+class SilentServer {
+ public:
+  SilentServer() : socket_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = ::htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof(address);
+    auto* const generic = reinterpret_cast<sockaddr*>(&address);
+    EXPECT_EQ(0, ::bind(socket_, generic, size));
+    EXPECT_EQ(0, ::listen(socket_, 8));
+    EXPECT_EQ(0, ::getsockname(socket_, generic, &size));
+    port_ = ::ntohs(address.sin_port);
+  }
+  SilentServer(const SilentServer&) = delete;
+  SilentServer& operator=(const SilentServer&) = delete;
+  ~SilentServer() { ::close(socket_); }
+
+  [[nodiscard]] std::string asProxy() const {
+    return "socks5://127.0.0.1:" + std::to_string(port_);
+  }
+
+ private:
+  int socket_;
+  int port_ = 0;
+};
+
+std::string overlay(const std::string& proxy, const std::string& more) {
+  return R"({"device-memory":1,"hardware-concurrency":1,"speech-voices":1,"proxy-server":")" +
+         proxy + "\"," + more + "}";
+}
+
+/// The engine's arguments between the launcher's own and the fixed ones.
+std::vector<std::string> overrideSwitches(const Outcome& outcome) {
+  if (!outcome.engine.contains('A')) return {"(no engine)"};
+  const auto& all = outcome.engine.at('A');
+  const auto fixed = std::find(all.begin(), all.end(), "--hide-crash-restore-bubble");
+  return {all.begin() + 2, fixed};
+}
+
+const std::string everything =
+    R"("auto-geo":true,"auto-lang":true,"auto-timezone":true,"webrtc-no-leak":true)";
+const std::vector<std::string> everySwitch{"--webrtc-fake-public-ip=203.0.113.7",
+                                           "--force-webrtc-ip-handling-policy=default",
+                                           "--timezone-override=Europe/Berlin",
+                                           "--lang=de-DE",
+                                           "--accept-language=de-DE,de;q=0.9,en;q=0.8",
+                                           "--geo-lat=52.52",
+                                           "--geo-lng=13.405",
+                                           "--geo-accuracy=100",
+                                           "chrome://version"};
+
+TEST(PeerLaunch, DerivesThePersonaThroughEitherProxy) {
+  answer(jsonReply, "");
+  for (const std::string& proxy : {openProxy, passwordProxy}) {
+    const Launch launch(overlay(proxy, everything + R"(,"granular-storage-reset":{"all":true})"));
+    launch.profile.write(launch.errorFile(), "stale");
+    launch.profile.write("Default/Network/Cookies", "x");
+    const Outcome outcome = launch.run();
+    EXPECT_EQ(0, outcome.status);
+    EXPECT_EQ(everySwitch, overrideSwitches(outcome));
+    EXPECT_EQ("(none)", reportMember(launch.errorFile(), "step")) << "the stale one is removed";
+    EXPECT_FALSE(launch.profile.has("Default/Network/Cookies"));
+    for (const auto& [key, value] : std::vector<std::pair<const char*, const char*>>{
+             {"status", "ok"},
+             {"ip", "203.0.113.7"},
+             {"country_code", "de"},
+             {"timezone", "Europe/Berlin"},
+             {"lat", "52.52"},
+             {"lng", "13.405"},
+             {"lang", "de-DE"},
+             {"accept_lang", "de-DE,de;q=0.9,en;q=0.8"},
+             {"provider", "quillon"},
+             {"error_code", ""},
+             {"message", ""}}) {
+      EXPECT_EQ(value, reportMember(launch.resultFile(), key)) << key;
+    }
+  }
+  EXPECT_NE(std::string::npos, contentOf(environmentValue("QUILLON_PROXY_LOG"))
+                                   .find("connected to geoip.quillon.example:443"))
+      << "the proxy is asked for the name";
+}
+
+TEST(PeerLaunch, FallbackTellsTheAddressAlone) {
+  answer("<html>no</html> this page is longer than any address is", "\n 198.51.100.9 \r\nmore");
+  const Launch launch(overlay(openProxy, R"("webrtc-no-leak":true)"));
+  EXPECT_EQ((std::vector<std::string>{"--webrtc-fake-public-ip=198.51.100.9",
+                                      "--force-webrtc-ip-handling-policy=default",
+                                      "chrome://version"}),
+            overrideSwitches(launch.run()));
+  EXPECT_EQ("myip.quillon.example", reportMember(launch.resultFile(), "provider"));
+  EXPECT_EQ("(none)", reportMember(launch.errorFile(), "step"));
+}
+
+struct FailureRow {
+  std::string proxy;
+  std::string asked;
+  std::string geoip;
+  std::string errorCode;
+  std::string curlExitCode;
+  std::string urlPath;
+};
+
+TEST(PeerLaunch, FailuresBlockTheLaunchAndSayWhy) {
+  const std::string address = R"("webrtc-no-leak":true)";
+  const std::string zone = R"("auto-timezone":true)";
+  const std::string closedPort = replaced(openProxy, ":1080", ":9");
+  const std::vector<FailureRow> rows{
+      {closedPort, zone, "", "PROXY_UNREACHABLE", "7", "/geoip?format=json"},
+      {closedPort, address, "", "PROXY_UNREACHABLE", "7", "/myip"},
+      {replaced(passwordProxy, "s3cret", "wrong"), zone, "", "INTERNAL", "97",
+       "/geoip?format=json"},
+      {"http://127.0.0.1:1", zone, "", "INTERNAL", "(none)", "/geoip?format=json"},
+      {openProxy, zone, "{", "DISCOVERY_HTTP_ERROR", "0", "/geoip?format=json"},
+      {openProxy, zone, "\xFF\xFE", "DISCOVERY_HTTP_ERROR", "0", "/geoip?format=json"},
+      {openProxy, zone, std::string(64 << 20, 'A'), "DISCOVERY_HTTP_ERROR", "0",
+       "/geoip?format=json"},
+  };
+  for (const FailureRow& row : rows) {
+    answer(row.geoip, "");
+    const Launch launch(overlay(row.proxy, row.asked + R"(,"start-page":"x")"));
+    launch.profile.write("Default/Last Tabs", "x");
+    const Outcome outcome = launch.run();
+    EXPECT_EQ(42, outcome.status) << row.proxy;
+    EXPECT_TRUE(outcome.engine.empty());
+    EXPECT_GE(outcome.elapsed, std::chrono::milliseconds(2820)) << "the user can read why";
+    EXPECT_EQ("discover_proxy_ip", reportMember(launch.errorFile(), "step"));
+    EXPECT_EQ(row.errorCode, reportMember(launch.errorFile(), "error_code"));
+    EXPECT_EQ(row.curlExitCode, reportMember(launch.errorFile(), "curl_exit_code"));
+    EXPECT_EQ(row.proxy, reportMember(launch.errorFile(), "proxy"));
+    const std::string url = reportMember(launch.errorFile(), "discovery_url");
+    EXPECT_TRUE(url.ends_with(row.urlPath)) << url;
+    EXPECT_EQ("blocked", reportMember(launch.resultFile(), "status"));
+    EXPECT_EQ("PROXY_BLOCKED", reportMember(launch.resultFile(), "error_code"));
+    EXPECT_TRUE(launch.profile.has("Default/Last Tabs")) << "a blocked launch cleans nothing";
+  }
+}
+
+TEST(PeerLaunch, FallbackPolicyStartsTheEngineWithoutAPersona) {
+  answer("", "");
+  const Launch launch(overlay(openProxy, everything + R"(,"on-proxy-fail":"fallback")"));
+  EXPECT_EQ((std::vector<std::string>{"--force-webrtc-ip-handling-policy=default",
+                                      "chrome://version"}),
+            overrideSwitches(launch.run()));
+  EXPECT_EQ("ok", reportMember(launch.resultFile(), "status"));
+  EXPECT_EQ("DISCOVERY_HTTP_ERROR", reportMember(launch.errorFile(), "error_code"));
+}
+
+TEST(PeerLaunch, SilentProxyTimesOut) {
+  const SilentServer server;
+  const Launch launch(overlay(server.asProxy(), R"("auto-lang":1,"on-proxy-fail":"fallback")"));
+  const Outcome outcome = launch.run();
+  EXPECT_EQ(0, outcome.status);
+  EXPECT_EQ("PROXY_TIMEOUT", reportMember(launch.errorFile(), "error_code"));
+  EXPECT_EQ("28", reportMember(launch.errorFile(), "curl_exit_code"));
+  EXPECT_LT(outcome.elapsed, std::chrono::seconds(14));
+}
+
+TEST(PeerLaunch, SequenceTakesItsPausesAndNoMore) {
+  answer(jsonReply, "");
+  const Launch launch(overlay(openProxy, everything));
+  const Outcome outcome = launch.run();
+  const auto curl = std::stoi(reportMember(launch.resultFile(), "elapsed_ms"));
+  EXPECT_GE(outcome.elapsed, std::chrono::milliseconds(500 + curl));
+  EXPECT_LT(outcome.elapsed, std::chrono::milliseconds(2000 + curl));
+}
+
+}  // namespace
+}  // namespace quillon::tests

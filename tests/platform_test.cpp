@@ -1,0 +1,256 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "launch_fixture.h"
+#include "platform/bundle.h"
+#include "platform/dispatch.h"
+#include "platform/files.h"
+#include "platform/json.h"
+#include "platform/process.h"
+#include "platform/text.h"
+
+namespace quillon::platform {
+namespace {
+
+using namespace std::chrono_literals;
+using tests::contentOf;
+using tests::TemporaryFolder;
+
+std::string nested(std::size_t depth) {
+  return "{\"a\":" + std::string(depth - 1, '[') + std::string(depth - 1, ']') + "}";
+}
+
+TEST(Json, ReadsObjectsOnlyAndStrictly) {
+  const std::vector<std::string> readable{"{}",         " \n{\"a\":null}\t", "\xEF\xBB\xBF{}",
+                                          nested(512), "{\"a\":\"\\u0000\\ud83d\\ude00\"}"};
+  for (const std::string& text : readable) EXPECT_TRUE(parseJsonObject(text)) << text;
+  const std::vector<std::string> unreadable{
+      "",       "[]",           "7",       "\"a\"",           "{",          "{}x",
+      "{'a':1}", "{\"a\":1,}",  "// \n{}", "{\"a\":\"\xFF\"}", "{\"a\":NaN}", "{\"a\":1e999}",
+      nested(513), std::string(100000, '['), std::string("{\"a\0\":1}", 8)};
+  for (const std::string& text : unreadable) EXPECT_FALSE(parseJsonObject(text)) << text;
+}
+
+TEST(Json, LastOfEqualKeysCountsAndOrderStays) {
+  std::string text = "{\"b\":1,\"a\":2,\"b\":{\"x\":3}";
+  for (int i = 0; i < 1000; ++i) text += ",\"k" + std::to_string(i) + "\":" + std::to_string(i);
+  const auto object = parseJsonObject(text + "}");
+  ASSERT_TRUE(object);
+  EXPECT_EQ(1002U, object->members().size());
+  EXPECT_EQ("a", object->members()[0].key);
+  EXPECT_NE(nullptr, object->find<JsonObject>("b"));
+  EXPECT_EQ("999", numberText(*object->find<JsonNumber>("k999")));
+  EXPECT_EQ(nullptr, object->find("k1000"));
+}
+
+TEST(Json, NumbersHaveDefinedTexts) {
+  struct Row {
+    const char* json;
+    const char* text;
+    const char* integerPart;
+    bool nonZero;
+  };
+  const std::vector<Row> rows{
+      {"0", "0", "0", false},
+      {"-0", "0", "0", false},
+      {"-0.0", "-0", "0", false},
+      {"0.5", "0.5", "0", true},
+      {"-0.5", "-0.5", "0", true},
+      {"52.52", "52.52", "52", true},
+      {"100.0", "100", "100", true},
+      {"1e5", "100000", "100000", true},
+      {"1e-7", "0.0000001", "0", true},
+      {"9222.9", "9222.9", "9222", true},
+      {"-9223372036854775808", "-9223372036854775808", "-9223372036854775808", true},
+      {"18446744073709551615", "18446744073709551615", "18446744073709551615", true},
+      {"18446744073709551616", "18446744073709551616", "18446744073709551616", true},
+  };
+  for (const Row& row : rows) {
+    const auto object = parseJsonObject("{\"n\":" + std::string(row.json) + "}");
+    ASSERT_TRUE(object) << row.json;
+    const auto* number = object->find<JsonNumber>("n");
+    ASSERT_NE(nullptr, number) << row.json;
+    EXPECT_EQ(row.text, numberText(*number));
+    EXPECT_EQ(row.integerPart, integerPartText(*number)) << row.json;
+    EXPECT_EQ(row.nonZero, isNonZero(*number)) << row.json;
+  }
+}
+
+TEST(Json, CompactTextHasNoBlanksAndReadsBack) {
+  const std::string text = R"({"b":[1,"x\"\n/é",null,true],"a":{"c":0.5,"d":{}}})";
+  const auto object = parseJsonObject(" { \"v\" : " + text + " } ");
+  ASSERT_TRUE(object);
+  EXPECT_EQ(text, compactJsonText(*object->find("v")));
+}
+
+TEST(Text, CountsAndCutsUserPerceivedCharacters) {
+  struct Row {
+    std::string text;
+    std::size_t characters;
+    std::string firstTwo;
+  };
+  const std::vector<Row> rows{
+      {"", 0, ""},
+      {"a", 1, "a"},
+      {"abc", 3, "ab"},
+      {"e\u0301x\u0301y", 3, "e\u0301x\u0301"},
+      {"\U0001F468\u200D\U0001F469\u200D\U0001F467!?", 3,
+       "\U0001F468\u200D\U0001F469\u200D\U0001F467!"},
+      {"\U0001F1E9\U0001F1EA\U0001F1EB\U0001F1F7x", 3, "\U0001F1E9\U0001F1EA\U0001F1EB\U0001F1F7"},
+      {"\r\n\r\nx", 3, "\r\n\r\n"},
+      {"\xFF\xFEz", 3, "\xFF\xFE"},
+  };
+  for (const Row& row : rows) {
+    EXPECT_EQ(row.characters, characterCount(row.text, 100)) << row.text;
+    EXPECT_EQ(row.firstTwo, firstCharacters(row.text, 2)) << row.text;
+  }
+  EXPECT_EQ(5U, characterCount(std::string(1000, 'x'), 5));
+}
+
+TEST(Text, TrimsByUnicodeClass) {
+  EXPECT_EQ("a b", trimBlanks("\t \u00A0\u3000a b\u2003 \t"));
+  EXPECT_EQ("\na\n", trimBlanks(" \na\n "));
+  EXPECT_EQ("", trimBlanks(" \t "));
+  EXPECT_EQ("{ ", skipWhitespace("\r\n\v\f\u0085\u2028\u3000 { "));
+  const std::vector<std::string_view> lines{"a", " b", "c\xFF"};
+  EXPECT_EQ(lines, nonEmptyLines("\n\r\na\u2029 b\u0085\v\fc\xFF"));
+  EXPECT_EQ("GROSS FI DE", upperCased("gro\u00DF \uFB01 dE"));
+  EXPECT_EQ("off \u00E9", lowerCased("OfF \u00C9"));
+}
+
+TEST(Text, Utf8CheckIsStrict) {
+  for (const char* text : {"", "a\u00E9\u20AC\U0001F600", "\xEF\xBF\xBF"}) {
+    EXPECT_TRUE(isValidUtf8(text)) << text;
+  }
+  for (const char* text : {"\x80", "\xC3", "\xC0\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80"}) {
+    EXPECT_FALSE(isValidUtf8(text)) << text;
+  }
+  EXPECT_EQ("ab", withoutCutOffEnd("ab\xF0\x9F\x98"));
+  EXPECT_EQ("ab\u00E9", withoutCutOffEnd("ab\u00E9"));
+}
+
+TEST(Files, ReadsRegularFilesOnly) {
+  const TemporaryFolder folder;
+  folder.write("file", std::string("a\0b", 3));
+  folder.write("empty", "");
+  ASSERT_EQ(0, ::mkfifo((folder.path() / "pipe").c_str(), 0600));
+  EXPECT_EQ(std::string("a\0b", 3), readFile(folder.path() / "file"));
+  EXPECT_EQ("", readFile(folder.path() / "empty"));
+  EXPECT_TRUE(readFile("/proc/self/status")) << "its size is said to be 0";
+  for (const Path& path : {folder.path(), folder.path() / "pipe", folder.path() / "missing",
+                           Path("/dev/zero"), Path()}) {
+    EXPECT_FALSE(readFile(path)) << path;
+  }
+}
+
+TEST(Files, AtomicWriteReplacesLinksAndLeavesNothingBehind) {
+  const TemporaryFolder folder;
+  folder.write("target", "old");
+  folder.write("elsewhere", "kept");
+  std::filesystem::create_symlink("elsewhere", folder.path() / "link");
+  // What a dead process of the same number may have left.
+  std::filesystem::create_symlink("elsewhere",
+                                  folder.path() / ("target." + std::to_string(::getpid())));
+  EXPECT_TRUE(writeFileAtomically(folder.path() / "target", "new"));
+  EXPECT_TRUE(writeFileAtomically(folder.path() / "link", "new"));
+  std::filesystem::create_directory(folder.path() / "folder");
+  EXPECT_FALSE(writeFileAtomically(folder.path() / "folder", "new"));
+  EXPECT_FALSE(writeFileAtomically(folder.path() / "missing/target", "new"));
+  EXPECT_EQ("new", contentOf(folder.path() / "target"));
+  EXPECT_EQ("new", contentOf(folder.path() / "link"));
+  EXPECT_EQ("kept", contentOf(folder.path() / "elsewhere"));
+  const auto entries = std::filesystem::directory_iterator(folder.path());
+  EXPECT_EQ(4, std::distance(begin(entries), end(entries))) << "target, link, elsewhere, folder";
+}
+
+TEST(Files, RemovesDeepTreesWithFewDescriptorsAndKeepsLinkTargets) {
+  const TemporaryFolder folder;
+  folder.write("outside/kept", "x");
+  folder.write("tree/file", "x");
+  Path deep = folder.path() / "tree";
+  for (int level = 0; level < 300; ++level) {
+    deep /= "d";
+    std::filesystem::create_directory(deep);
+    std::filesystem::create_directory_symlink(folder.path() / "outside", deep / "link");
+  }
+  rlimit before{};
+  ASSERT_EQ(0, ::getrlimit(RLIMIT_NOFILE, &before));
+  const rlimit few{16, before.rlim_max};
+  ASSERT_EQ(0, ::setrlimit(RLIMIT_NOFILE, &few));
+  const bool removed = removeItem(folder.path() / "tree");
+  ASSERT_EQ(0, ::setrlimit(RLIMIT_NOFILE, &before));
+  EXPECT_TRUE(removed);
+  EXPECT_FALSE(folder.has("tree"));
+  EXPECT_TRUE(folder.has("outside/kept"));
+  EXPECT_TRUE(removeItem(folder.path() / "tree")) << "nothing there counts as removed";
+}
+
+TEST(Bundle, BelongsToTheFolderAboveContents) {
+  const Bundle inside = bundleOf("/Apps/Nimbra.app/Contents/MacOS/Nimbra");
+  EXPECT_EQ("/Apps/Nimbra.app", inside.location);
+  EXPECT_EQ("/Apps/Nimbra.app/Contents/Resources", inside.resources);
+  for (const char* executable : {"/usr/bin/Nimbra", "/a/MacOS/Nimbra", "/Contents/x/Nimbra"}) {
+    const Path own = Path(executable).parent_path();
+    EXPECT_EQ(own, bundleOf(executable).location);
+    EXPECT_EQ(own, bundleOf(executable).resources);
+  }
+}
+
+ChildRun runShell(const std::string& script, std::chrono::milliseconds limit = 10s) {
+  return runChild("/bin/sh", {"-c", script}, limit, 1000);
+}
+
+TEST(Process, TellsHowAChildEnded) {
+  EXPECT_EQ(7, runShell("exit 7").exitStatus);
+  EXPECT_EQ(128 + SIGTERM, runShell("kill -TERM $$").exitStatus);
+  EXPECT_EQ(ENOENT, runChild("/missing", {}, 1s, 1).startError);
+  const ChildRun flooded = runShell("head -c 3000000 /dev/zero >&2; head -c 2000000 /dev/zero");
+  EXPECT_EQ(0, flooded.exitStatus);
+  EXPECT_EQ(1000U, flooded.output.size());
+  EXPECT_EQ(2000000U, flooded.outputBytes);
+}
+
+TEST(Process, NeverWaitsBeyondItsLimit) {
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(128 + SIGKILL, runShell("exec sleep 30", 200ms).exitStatus);
+  EXPECT_EQ(128 + SIGKILL, runShell("exec sleep 30 >&- 2>&-", 200ms).exitStatus);
+  EXPECT_EQ(3, runShell("sleep 2 & exit 3", 200ms).exitStatus) << "a grandchild keeps the pipes";
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 10s);
+}
+
+TEST(Process, StatusSurvivesAnIgnoredSigchldWhichStaysIgnored) {
+  const auto before = std::signal(SIGCHLD, SIG_IGN);
+  EXPECT_EQ(7, runShell("exit 7").exitStatus);
+  EXPECT_EQ(SIG_IGN, std::signal(SIGCHLD, before));
+}
+
+TEST(Dispatch, RunsPostsInOrderAndNeverInsideThePost) {
+  std::vector<int> order;
+  postToMain([&] {
+    order.push_back(1);
+    postToMain([&] { order.push_back(4); });
+    order.push_back(2);
+  });
+  postToMain([&] { order.push_back(3); });
+  EXPECT_TRUE(order.empty());
+  runPostedTasks();
+  EXPECT_EQ((std::vector<int>{1, 2, 3}), order);
+  bool onMain = true;
+  runInBackground([&] {
+    onMain = isMainThread();
+    postToMain([&] { order.push_back(5); });
+  });
+  while (order.size() < 5) {
+    waitForPostedTasks();
+    runPostedTasks();
+  }
+  EXPECT_EQ((std::vector<int>{1, 2, 3, 4, 5}), order);
+  EXPECT_FALSE(onMain);
+}
+
+}  // namespace
+}  // namespace quillon::platform

@@ -1,0 +1,109 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
+
+#include "launch_fixture.h"
+#include "platform/json.h"
+#include "reports/launch_error.h"
+#include "reports/launch_result.h"
+#include "reports/report_file.h"
+#include "reports/report_text.h"
+
+namespace quillon {
+namespace {
+
+using tests::contentOf;
+using tests::TemporaryFolder;
+
+TEST(ReportText, EscapesWhatJsonDemandsAndNothingElse) {
+  EXPECT_EQ(R"(\"\\\t\n\r)", jsonEscape("\"\\\t\n\r"));
+  EXPECT_EQ(R"(\u0000\u0001\u0008\u000c\u001b\u001f )", jsonEscape({"\0\1\b\f\x1B\x1F ", 7}));
+  EXPECT_EQ("/\x7F\u00E9\u2028\U0001F600", jsonEscape("/\x7F\u00E9\u2028\U0001F600"));
+  EXPECT_EQ("{}\n", writeJsonObject({}));
+  EXPECT_EQ("{\"a\\\"\":\"b\\\"\",\"n\":-9223372036854775808,\"a\\\"\":null,\"z\":0}\n",
+            writeJsonObject({{"a\"", "b\""}, {"n", INT64_MIN}, {"a\"", {}}, {"z", 0}}));
+}
+
+TEST(ReportText, TimestampIsUtcInSeconds) {
+  const auto at = [](std::int64_t milliseconds) {
+    return timestampText(
+        std::chrono::system_clock::time_point(std::chrono::milliseconds(milliseconds)));
+  };
+  EXPECT_EQ("2026-03-01T14:05:09Z", at(1772373909999));
+  EXPECT_EQ("1970-01-01T00:00:00Z", at(0));
+  EXPECT_EQ("1969-12-31T23:59:59Z", at(-1)) << "a clock that was never set";
+}
+
+TEST(ReportText, MembersInTheirOrder) {
+  EXPECT_EQ(
+      "{\"schema\":1,\"ts\":\"T\",\"status\":\"s\",\"ip\":\"i\",\"timezone\":\"z\","
+      "\"country_code\":\"c\",\"lat\":\"1\",\"lng\":\"2\",\"lang\":\"l\",\"accept_lang\":\"a\","
+      "\"elapsed_ms\":-3,\"provider\":\"p\",\"error_code\":\"e\",\"message\":\"\\\"m\\\"\","
+      "\"launcher_version\":\"v\"}\n",
+      launchResultText({"s", "i", "c", "p", "z", -3, "1", "2", "l", "a", "e", "\"m\"", "v"}, "T"));
+  EXPECT_EQ(
+      "{\"schema\":1,\"ts\":\"T\",\"step\":\"s\",\"error_code\":\"e\",\"message\":\"m\","
+      "\"proxy\":\"\",\"discovery_url\":\"u\",\"curl_exit_code\":0,\"elapsed_ms\":4,"
+      "\"launcher_version\":\"v\"}\n",
+      launchErrorText({"s", "e", "m", "", "u", 0, 4, "v"}, "T"));
+  EXPECT_EQ(
+      "{\"schema\":1,\"ts\":\"T\",\"step\":\"s\",\"error_code\":\"e\",\"message\":\"m\","
+      "\"elapsed_ms\":4,\"launcher_version\":\"v\"}\n",
+      launchErrorText({"s", "e", "m", {}, {}, {}, 4, "v"}, "T"));
+}
+
+TEST(ReportFile, IsReplacedWholeOrLeftAlone) {
+  const TemporaryFolder folder;
+  const auto target = folder.path() / "a/b/report";
+  const auto write = [](const tests::Path& url) {
+    return writeReportAtomically([] { return std::string("new"); }, url);
+  };
+  EXPECT_TRUE(write(target)) << "parents are created";
+  EXPECT_EQ("new", contentOf(target));
+  folder.write("kept", "kept");
+  folder.write("a/b/folder/inside", "x");
+  folder.write("a/b/blocked", "old");
+  folder.write("a/b/blocked.tmp/inside", "x");
+  folder.write("a/b/leftover.tmp", "x");
+  std::filesystem::create_symlink(folder.path() / "kept", folder.path() / "a/b/planted.tmp");
+  std::filesystem::create_symlink(folder.path() / "kept", folder.path() / "a/b/link");
+  EXPECT_TRUE(write(folder.path() / "a/b/folder")) << "whatever has the name makes room";
+  EXPECT_TRUE(write(folder.path() / "a/b/leftover"));
+  EXPECT_TRUE(write(folder.path() / "a/b/planted"));
+  EXPECT_TRUE(write(folder.path() / "a/b/link"));
+  EXPECT_FALSE(write(folder.path() / "a/b/blocked")) << "a folder under the temporary name";
+  EXPECT_EQ("old", contentOf(folder.path() / "a/b/blocked"));
+  EXPECT_EQ("kept", contentOf(folder.path() / "kept"));
+  bool asked = false;
+  const auto noteCall = [&] {
+    asked = true;
+    return std::string("x");
+  };
+  EXPECT_FALSE(writeReportAtomically(noteCall, folder.path() / "kept/report"));
+  EXPECT_FALSE(asked) << "no text is made without a folder for it";
+  for (const auto& entry : std::filesystem::directory_iterator(folder.path() / "a/b")) {
+    EXPECT_EQ(std::string::npos, entry.path().native().find(".tmp")) << entry.path();
+  }
+}
+
+TEST(ReportFile, FullDiskKeepsTheOldReport) {
+  const TemporaryFolder folder;
+  folder.write("report", "old");
+  const auto previous = std::signal(SIGXFSZ, SIG_IGN);
+  rlimit before{};
+  ASSERT_EQ(0, ::getrlimit(RLIMIT_FSIZE, &before));
+  const rlimit small{10, before.rlim_max};
+  ASSERT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &small));
+  const bool written =
+      writeReportAtomically([] { return std::string(100, 'x'); }, folder.path() / "report");
+  ASSERT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &before));
+  std::signal(SIGXFSZ, previous);
+  EXPECT_FALSE(written);
+  EXPECT_EQ("old", contentOf(folder.path() / "report"));
+  const auto entries = std::filesystem::directory_iterator(folder.path());
+  EXPECT_EQ(1, std::distance(begin(entries), end(entries)));
+}
+
+}  // namespace
+}  // namespace quillon
