@@ -1,4 +1,5 @@
-#include "engine/engine_spawn.h"
+#include <utility>
+
 #include "engine/launch_steps.h"
 #include "launcher/launcher_delegate.h"
 #include "launcher/process_values.h"

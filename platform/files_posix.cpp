@@ -3,12 +3,14 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <new>
-#include <stdexcept>
 #include <system_error>
 
 #include "platform/files.h"
+#include "platform/signal_override.h"
 #include "platform/tree_removal.h"
 
 namespace quillon::platform {
@@ -65,19 +67,11 @@ bool writeAll(int descriptor, std::string_view bytes) {
   return true;
 }
 
-/// A name beside `path` that no other running process uses.
-Path unfinishedName(const Path& path) {
-  return path.native() + "." + std::to_string(::getpid());
-}
-
-/// Creates a file that was not there. What a dead process left under the name, or somebody put
-/// there, is removed first; a link is never followed.
-UniqueFd createNewFile(const Path& path) {
-  constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW;
-  constexpr mode_t mode = 0666;
-  UniqueFd file = openFile(path, flags, mode);
-  if (!file.isOpen() && errno == EEXIST && removeItem(path)) file = openFile(path, flags, mode);
-  return file;
+/// A name beside `path` that nobody else uses: process numbers repeat on other machines and in
+/// other containers that share the folder, the time does not.
+Path nameOfItsOwn(const Path& path) {
+  const auto now = std::chrono::system_clock::now().time_since_epoch().count();
+  return path.native() + "." + std::to_string(::getpid()) + "." + std::to_string(now);
 }
 
 }  // namespace
@@ -114,9 +108,11 @@ bool createFolders(const Path& folder) {
 }
 
 bool writeFileAtomically(const Path& path, std::string_view bytes) {
-  const Path unfinished = unfinishedName(path);
-  UniqueFd file = createNewFile(unfinished);
+  const Path unfinished = nameOfItsOwn(path);
+  UniqueFd file = openFile(unfinished, O_WRONLY | O_CREAT | O_EXCL, 0666);
   if (!file.isOpen()) return false;
+  // A file grown to the process's limit is a failed write, not the end of the process.
+  const SignalOverride fileSizeLimit(SIGXFSZ, SIG_IGN);
   const bool written = writeAll(file.get(), bytes);
   // Some file systems report a full disk only here.
   const bool closed = ::close(file.release()) == 0;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cmath>
 #include <functional>
 #include <nlohmann/json.hpp>
 #include <utility>
@@ -184,6 +183,8 @@ const JsonValue* JsonObject::find(std::string_view key) const {
 }
 
 std::optional<JsonObject> parseJsonObject(std::string_view text) {
+  // The library takes a NUL for the end of the text. JSON has none outside an escape.
+  if (text.find('\0') != std::string_view::npos) return std::nullopt;
   try {
     TreeBuilder builder;
     if (!nlohmann::json::sax_parse(text.begin(), text.end(), &builder)) return std::nullopt;
@@ -206,9 +207,9 @@ std::string numberText(const JsonNumber& number) {
 }
 
 std::string integerPartText(const JsonNumber& number) {
-  const auto* fraction = std::get_if<double>(&number);
-  // Adding zero turns a negative zero into a plain one.
-  return fraction == nullptr ? numberText(number) : fixedText(std::trunc(*fraction) + 0.0);
+  std::string text = numberText(number);
+  text.resize(std::min(text.find('.'), text.size()));
+  return text == "-0" ? "0" : text;
 }
 
 bool isNonZero(const JsonNumber& number) {

@@ -12,6 +12,7 @@
 #include <thread>
 
 #include "platform/descriptor.h"
+#include "platform/signal_override.h"
 
 namespace quillon::platform {
 namespace {
@@ -56,23 +57,6 @@ class SpawnAttributes {
 
  private:
   posix_spawnattr_t attributes_{};
-};
-
-/// While SIGCHLD is ignored, an ended child leaves no status (POSIX); a launcher may well inherit
-/// that. The default stands as long as this object does.
-class ReapableChildren {
- public:
-  ReapableChildren() {
-    struct sigaction standard {};
-    standard.sa_handler = SIG_DFL;
-    ::sigaction(SIGCHLD, &standard, &inherited_);
-  }
-  ReapableChildren(const ReapableChildren&) = delete;
-  ReapableChildren& operator=(const ReapableChildren&) = delete;
-  ~ReapableChildren() { ::sigaction(SIGCHLD, &inherited_, nullptr); }
-
- private:
-  struct sigaction inherited_ {};
 };
 
 /// Owns a running child: whoever leaves without having seen its end kills and reaps it.
@@ -228,7 +212,8 @@ ChildRun runChild(const Path& executable, const std::vector<std::string>& argume
   auto output = Pipe::open();
   auto errors = Pipe::open();
   if (!output || !errors) return {.startError = errno};
-  const ReapableChildren reapable;
+  // While SIGCHLD is ignored, which a launcher may well inherit, an ended child leaves no status.
+  const SignalOverride reapableChildren(SIGCHLD, SIG_DFL);
   pid_t id = 0;
   if (const int error = startWithPipes(id, executable, arguments, *output, *errors)) {
     return {.startError = error};

@@ -172,6 +172,8 @@ TEST(StorageReset, WhatCannotBeRemovedDoesNotKeepTheRest) {
   fill(profile);
   const Path locked = profile.path() / "Default/Cookies";
   std::filesystem::permissions(locked, std::filesystem::perms::owner_read);
+  profile.write("Default/Local Storage/a/file", "x");
+  profile.write("Default/Local Storage/z/file", "x");
   const Path full = profile.path() / "Default/Local Storage/deep";
   std::filesystem::permissions(full, std::filesystem::perms::owner_read);
   resetGranularStorage(profile.path(), {{"all", true}});
@@ -179,6 +181,8 @@ TEST(StorageReset, WhatCannotBeRemovedDoesNotKeepTheRest) {
   std::filesystem::permissions(full, std::filesystem::perms::owner_all);
   EXPECT_TRUE(profile.has("Default/Cookies"));
   EXPECT_TRUE(profile.has("Default/Local Storage/deep/file"));
+  EXPECT_FALSE(profile.has("Default/Local Storage/a"));
+  EXPECT_FALSE(profile.has("Default/Local Storage/z"));
   EXPECT_FALSE(profile.has("Default/StorageBuckets"));
 }
 
