@@ -43,7 +43,7 @@ void LauncherDelegate::finishLaunch() {
   splash->window.orderOut();
   if (blockEngine) leaveBlocked(*this);
   SwitchList overrideSwitches =
-      webglProfileSwitches(overlay.webglProfile, processValues().cataloguePlaces);
+      webglProfileSwitches(overlay.webglProfile, processValues().cataloguePlaces());
   appendAll(overrideSwitches, personaSwitches(overlay, persona));
   cleanProfile(overlay, userDataDir);
   appendAll(overrideSwitches, machineSwitches(overlay, thisMachine()));

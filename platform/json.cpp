@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <exception>
 #include <functional>
 #include <nlohmann/json.hpp>
 #include <utility>

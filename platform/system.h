@@ -24,7 +24,8 @@ namespace quillon::platform {
 /// the home folder. It need not exist.
 [[nodiscard]] Path perUserFolder();
 
-/// The system's text for an error number, in the locale of the process.
+/// The system's text for an error number, in the locale of the process. (The C library's function
+/// for it may be called from any thread since glibc 2.32.)
 [[nodiscard]] std::string errorText(int errorNumber);
 
 /// Writes to standard error in a single write. How much of it arrives is not looked at; a reader

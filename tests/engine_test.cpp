@@ -30,8 +30,11 @@ TEST(OverrideSwitches, OnlyWhatIsKnownAndNotGiven) {
   EXPECT_EQ((SwitchList{"--device-memory=16", "--hardware-concurrency=8",
                         "--speech-voices-preset=stock-chrome-mac", "https://a b/"}),
             machineSwitches(open, {16ULL << 30, 8}));
-  EXPECT_EQ((SwitchList{"--speech-voices-preset=stock-chrome-mac", "https://a b/"}),
-            machineSwitches(open, {0, 0}));
+  for (const std::string& page : {std::string(200000, 'x'), std::string("a\0b", 3)}) {
+    open.startPage = page;
+    EXPECT_EQ((SwitchList{"--speech-voices-preset=stock-chrome-mac", "chrome://version"}),
+              machineSwitches(open, {0, 0}));
+  }
 }
 
 TEST(OverrideSwitches, WhatWasNotDerivedGivesNoSwitch) {

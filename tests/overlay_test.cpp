@@ -132,7 +132,7 @@ TEST(OverlayKeys, RulesOfSingleKeys) {
 TEST(WebglCatalogue, OneBadEntryCostsOnlyItself) {
   const auto catalogue = object(R"({"other":1,"profiles":{"flat":7,"p":{
       "_comment":"x","s":"text","empty":"","null":null,"n":2,"f":0.5,"b":true,"off":false,
-      "a":["x", "y"],"o":{"k": [1]},"--dashed":"v","n":3}}})");
+      "nul":"\u0000","nul\u0000":1,"a":["x", "y"],"o":{"k": [1]},"--dashed":"v","n":3}}})");
   const std::vector<std::string> expected{
       "--s=text",          "--f=0.5",         "--b=1",        "--off=0",
       "--a=[\"x\",\"y\"]", "--o={\"k\":[1]}", "----dashed=v", "--n=3"};
