@@ -11,9 +11,9 @@ namespace {
 using tests::TemporaryFolder;
 
 platform::JsonObject object(const std::string& text) {
-  const auto parsed = platform::parseJsonObject(text);
+  auto parsed = platform::parseJsonObject(text);
   EXPECT_TRUE(parsed) << text;
-  return parsed.value_or(platform::JsonObject());
+  return std::move(parsed).value_or(platform::JsonObject());
 }
 
 TEST(OverlayFile, ProfileFolderIsTheFirstExactSwitch) {
