@@ -44,8 +44,7 @@ int runLoad(int count, bool sameProfile) {
   std::size_t starts = 0;
   for (const auto& trial : trials) {
     starts += trial->engineStarts();
-    tally.add("in the end", {trial->reportComplaint(), trial->leftoverComplaint(),
-                             trial->hasResult() ? std::optional<std::string>() : "no result"});
+    tally.add("in the end", {trial->reportComplaint(), trial->leftoverComplaint()});
   }
   tally.add("in the end", {failed == 0 ? std::optional<std::string>() : "a launch failed",
                            starts == static_cast<std::size_t>(count)
