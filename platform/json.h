@@ -15,7 +15,8 @@ namespace quillon::platform {
 struct JsonMember;
 struct JsonValue;
 
-/// Whole numbers that fit keep their exact value; everything else is a double. "-0" reads as 0.
+/// Whole numbers that fit keep their exact value; everything else is a double. "-0" reads as 0,
+/// "-0.0" as the double -0.
 using JsonNumber = std::variant<std::int64_t, std::uint64_t, double>;
 using JsonArray = std::vector<JsonValue>;
 

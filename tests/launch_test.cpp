@@ -22,8 +22,7 @@ const std::vector<std::string> baseSwitches{
     "--disable-save-password-bubble"};
 
 /// An overlay that leaves nothing of the machine in the switches.
-const std::string fixedMachine =
-    R"("device-memory":1,"hardware-concurrency":1,"speech-voices":1)";
+const std::string fixedMachine = R"("device-memory":1,"hardware-concurrency":1,"speech-voices":1)";
 
 /// The signals of a set in the text of a /proc/PID/status; without the two that the C library keeps
 /// to itself and changes in every child it spawns.
@@ -144,9 +143,13 @@ TEST(PassthroughLaunch, WithoutAProfileTheReportGoesToTheUsersFolder) {
 }
 
 TEST(PassthroughLaunch, BadOverlaysGiveTheDefaults) {
-  const std::vector<std::string> overlays{
-      "", "[]", "7", "{\"auto-geo\":tru", "{\"auto-geo\":true,\"x\":\"\xFF\"}",
-      "{\"auto-geo\":1,\"x\":1e999}", "{\"auto-geo\":true,\"x\":" + std::string(100000, '[')};
+  const std::vector<std::string> overlays{"",
+                                          "[]",
+                                          "7",
+                                          "{\"auto-geo\":tru",
+                                          "{\"auto-geo\":true,\"x\":\"\xFF\"}",
+                                          "{\"auto-geo\":1,\"x\":1e999}",
+                                          "{\"auto-geo\":true,\"x\":" + std::string(100000, '[')};
   for (const std::string& overlay : overlays) {
     const Launch launch(overlay);
     EXPECT_EQ(0, launch.run().status);
@@ -197,10 +200,10 @@ TEST(ChromiumLaunch, RunningBrowserHasOurSwitchesAndAnswersOnLoopback) {
   Launch launch("{" + fixedMachine + R"(,"start-page":"about:blank","cdp-tcp-port":")" + port +
                 "\"}");
   launch.environment[2] = "QUILLON_ENGINE_BIN=" + chromium.native();
-  launch.arguments.insert(launch.arguments.end(),
-                          {"--headless", "--no-sandbox", "--disable-gpu", "--disable-quic",
-                           "--no-first-run", "--disable-background-networking",
-                           "--disable-component-update", "--disable-sync"});
+  launch.arguments.insert(
+      launch.arguments.end(),
+      {"--headless", "--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run",
+       "--disable-background-networking", "--disable-component-update", "--disable-sync"});
   launch.prepare = [] { ::dup2(::open("/dev/null", O_WRONLY), STDOUT_FILENO); };
   ::prctl(PR_SET_CHILD_SUBREAPER, 1);
   ASSERT_EQ(0, launch.run().status);

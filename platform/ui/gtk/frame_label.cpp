@@ -1,0 +1,133 @@
+#include "platform/ui/gtk/frame_label.h"
+
+#include <cmath>
+
+namespace quillon::platform::ui {
+namespace {
+
+/// What the toolkit allocates for one widget: the label, then what we add to it.
+struct FrameLabel {
+  GtkLabel label;
+  Color color;
+};
+
+GtkWidgetClass* labelClass() {
+  static auto* const widgetClass = GTK_WIDGET_CLASS(g_type_class_ref(GTK_TYPE_LABEL));
+  return widgetClass;
+}
+
+FrameLabel& stateOf(GtkWidget* widget) {
+  return *reinterpret_cast<FrameLabel*>(widget);
+}
+
+/// The text asks for no room: the size set from outside is the frame.
+void askForNothing(GtkWidget*, int* minimum, int* natural) {
+  *minimum = *natural = 0;
+}
+
+/// Only the shape of the text is taken from the toolkit. The colour is laid through it, so that
+/// neither a theme nor a font with coloured glyphs has a say in it.
+gboolean drawInFrame(GtkWidget* widget, cairo_t* context) {
+  cairo_save(context);
+  cairo_rectangle(context, 0, 0, gtk_widget_get_allocated_width(widget),
+                  gtk_widget_get_allocated_height(widget));
+  cairo_clip(context);
+  cairo_push_group_with_content(context, CAIRO_CONTENT_ALPHA);
+  labelClass()->draw(widget, context);
+  const OwnedPattern shape(cairo_pop_group(context));
+  setSource(context, stateOf(widget).color);
+  cairo_mask(context, shape.get());
+  cairo_restore(context);
+  return GDK_EVENT_PROPAGATE;
+}
+
+void initializeClass(void* frameLabelClass, void*) {
+  auto* const widgetClass = GTK_WIDGET_CLASS(frameLabelClass);
+  widgetClass->get_preferred_width = askForNothing;
+  widgetClass->get_preferred_height = askForNothing;
+  widgetClass->draw = drawInFrame;
+}
+
+GType frameLabelType() {
+  static const GType type =
+      g_type_register_static_simple(GTK_TYPE_LABEL, "QuillonFrameLabel", sizeof(GtkLabelClass),
+                                    initializeClass, sizeof(FrameLabel), nullptr, GTypeFlags{});
+  return type;
+}
+
+PangoWeight pangoWeight(Font::Weight weight) {
+  switch (weight) {
+    case Font::Weight::regular:
+      return PANGO_WEIGHT_NORMAL;
+    case Font::Weight::semibold:
+      return PANGO_WEIGHT_SEMIBOLD;
+    case Font::Weight::bold:
+      return PANGO_WEIGHT_BOLD;
+  }
+  return PANGO_WEIGHT_NORMAL;
+}
+
+/// Without a family it is the desktop's own font. An absolute size is in points of the window; any
+/// other would grow with the desktop's text scaling and leave the frames.
+OwnedAttributes attributesFor(const Font& font) {
+  const OwnedFont description(pango_font_description_new());
+  if (font.family == Font::Family::monospacedSystem) {
+    pango_font_description_set_family_static(description.get(), "monospace");
+  }
+  pango_font_description_set_style(description.get(), PANGO_STYLE_NORMAL);
+  pango_font_description_set_weight(description.get(), pangoWeight(font.weight));
+  pango_font_description_set_absolute_size(description.get(), font.size * PANGO_SCALE);
+  OwnedAttributes attributes(pango_attr_list_new());
+  pango_attr_list_insert(attributes.get(), pango_attr_font_desc_new(description.get()));
+  return attributes;
+}
+
+float horizontalPlace(Alignment alignment) {
+  switch (alignment) {
+    case Alignment::natural:
+      return 0;
+    case Alignment::center:
+      return 0.5F;
+    case Alignment::right:
+      return 1;
+  }
+  return 0;
+}
+
+}  // namespace
+
+GtkWidget* makeFrameLabel(const Label& label) {
+  auto* const widget = GTK_WIDGET(g_object_new(frameLabelType(), nullptr));
+  auto* const text = GTK_LABEL(widget);
+  gtk_widget_set_size_request(widget, static_cast<int>(std::lround(label.frame.width)),
+                              static_cast<int>(std::lround(label.frame.height)));
+  gtk_label_set_single_line_mode(text, TRUE);
+  gtk_label_set_attributes(text, attributesFor(label.font).get());
+  gtk_label_set_xalign(text, horizontalPlace(label.alignment));
+  if (label.lineBreakMode == LineBreakMode::truncateMiddle) {
+    gtk_label_set_ellipsize(text, PANGO_ELLIPSIZE_MIDDLE);
+  }
+  setFrameLabelText(widget, label.text);
+  setFrameLabelColor(widget, label.color);
+  return widget;
+}
+
+void setFrameLabelText(GtkWidget* frameLabel, const std::string& text) {
+  gtk_label_set_text(GTK_LABEL(frameLabel), displayText(text).get());
+}
+
+void setFrameLabelColor(GtkWidget* frameLabel, Color color) {
+  stateOf(frameLabel).color = color;
+  gtk_widget_queue_draw(frameLabel);
+}
+
+OwnedText displayText(const std::string& text) {
+  return OwnedText(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
+}
+
+void setSource(cairo_t* context, Color color) {
+  constexpr double full = 255;
+  cairo_set_source_rgb(context, color.red / full, color.green / full, color.blue / full);
+}
+
+}  // namespace quillon::platform::ui

@@ -1,0 +1,90 @@
+#include <map>
+#include <string_view>
+
+#include "build_identity.h"
+#include "platform/ui/backend.h"
+#include "platform/ui/gtk/screen_alert.h"
+#include "platform/ui/gtk/screen_window.h"
+
+namespace quillon::platform::ui {
+namespace {
+
+struct Screen {
+  void (*runPostedTasks)() = nullptr;
+  ActivationPolicy policy = ActivationPolicy::regular;
+  std::map<const Window*, ScreenWindow> windows;
+
+  ScreenWindow* find(const Window& window) {
+    const auto found = windows.find(&window);
+    return found == windows.end() ? nullptr : &found->second;
+  }
+};
+
+Screen& screen() {
+  // Never destroyed: the process ends without tearing anything down.
+  static Screen& theScreen = *new Screen;
+  return theScreen;
+}
+
+/// Standard error belongs to the launcher: a toolkit's remarks on themes and buses stay out of it.
+void silenceToolkit() {
+  g_log_set_writer_func(
+      [](GLogLevelFlags, const GLogField*, gsize, void*) { return G_LOG_WRITER_HANDLED; }, nullptr,
+      nullptr);
+  g_set_printerr_handler([](const char*) {});
+}
+
+bool connect(void (*runPostedTasks)()) {
+  silenceToolkit();
+  screen().runPostedTasks = runPostedTasks;
+  // Numbers and system messages look the same with and without a window.
+  gtk_disable_setlocale();
+  return gtk_init_check(nullptr, nullptr) != FALSE;
+}
+
+gboolean runPostedTasksOnce(void*) {
+  screen().runPostedTasks();
+  return G_SOURCE_REMOVE;
+}
+
+void wake() {
+  g_idle_add_full(G_PRIORITY_DEFAULT, runPostedTasksOnce, nullptr, nullptr);
+}
+
+void showWindow(Window& window) {
+  screen().windows.try_emplace(&window, window, screen().policy).first->second.show();
+}
+
+void updateWindow(const Window& window) {
+  if (ScreenWindow* const shown = screen().find(window)) shown->update();
+}
+
+void hideWindow(const Window& window) {
+  if (ScreenWindow* const shown = screen().find(window)) shown->hide();
+}
+
+void activate() {
+  for (auto& [plain, shown] : screen().windows) shown.raise();
+}
+
+constexpr Backend backend{
+    .connect = connect,
+    .setActivationPolicy = [](ActivationPolicy policy) { screen().policy = policy; },
+    .run = gtk_main,
+    .wake = wake,
+    .showWindow = showWindow,
+    .updateWindow = updateWindow,
+    .hideWindow = hideWindow,
+    .activate = activate,
+    .runModal = [](const Alert& alert) { runAlert(alert, screen().policy); },
+};
+
+}  // namespace
+}  // namespace quillon::platform::ui
+
+/// The module's only export.
+extern "C" [[gnu::visibility("default")]] const quillon::platform::ui::Backend* quillonBackend(
+    const char* build) {
+  using namespace quillon::platform::ui;
+  return std::string_view(build) == buildIdentity ? &backend : nullptr;
+}

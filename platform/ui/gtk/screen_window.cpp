@@ -1,0 +1,121 @@
+#include "platform/ui/gtk/screen_window.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/ui/gtk/frame_label.h"
+#include "platform/ui/gtk/window_manner.h"
+
+namespace quillon::platform::ui {
+namespace {
+
+/// X11 counts window sizes in device pixels up to 32,767; a window manager's frame comes on top.
+constexpr int greatestPixels = 32767 - 255;
+
+int rounded(double points) {
+  return static_cast<int>(std::lround(points));
+}
+
+int boundedHeight(GtkWidget* widget, double points) {
+  return std::min(rounded(points), greatestPixels / gtk_widget_get_scale_factor(widget));
+}
+
+/// Nothing of the theme reaches what stands on our own background.
+void shutThemeOut() {
+  static const bool done = [] {
+    const OwnedObject<GtkCssProvider> rules(gtk_css_provider_new());
+    gtk_css_provider_load_from_data(rules.get(), ".quillon, .quillon * { all: unset; }", -1,
+                                    nullptr);
+    gtk_style_context_add_provider_for_screen(gdk_screen_get_default(),
+                                              GTK_STYLE_PROVIDER(rules.get()), G_MAXUINT);
+    return true;
+  }();
+  (void)done;
+}
+
+gboolean drawBackground(GtkWidget*, cairo_t* context, const Window* window) {
+  setSource(context, window->background);
+  cairo_paint(context);
+  return GDK_EVENT_PROPAGATE;
+}
+
+/// An event handler as the toolkit calls it.
+gboolean closeWindow(GtkWidget* topLevel, GdkEvent*, const Window* window) {
+  if (window->delegate != nullptr) window->delegate->windowWillClose();
+  gtk_widget_hide(topLevel);
+  return GDK_EVENT_STOP;
+}
+
+}  // namespace
+
+ScreenWindow::ScreenWindow(Window& window, ActivationPolicy policy)
+    : window_(window), topLevel_(gtk_window_new(GTK_WINDOW_TOPLEVEL)) {
+  shutThemeOut();
+  setUpFrame(policy);
+  GtkWidget* const content = gtk_fixed_new();
+  gtk_style_context_add_class(gtk_widget_get_style_context(content), "quillon");
+  const int height = boundedHeight(topLevel_.get(), window.contentSize.height);
+  gtk_widget_set_size_request(content, rounded(window.contentSize.width), height);
+  g_signal_connect(content, "draw", G_CALLBACK(drawBackground), &window_);
+  addLabels(GTK_FIXED(content), height);
+  gtk_widget_show_all(content);
+  gtk_container_add(GTK_CONTAINER(topLevel_.get()), content);
+}
+
+void ScreenWindow::setUpFrame(ActivationPolicy policy) {
+  auto* const topLevel = GTK_WINDOW(topLevel_.get());
+  gtk_window_set_title(topLevel, displayText(window_.title).get());
+  gtk_window_set_resizable(topLevel, FALSE);
+  gtk_window_set_keep_above(topLevel, window_.level == Window::Level::floating);
+  if (window_.centered) gtk_window_set_position(topLevel, GTK_WIN_POS_CENTER);
+  applyManner(topLevel, policy);
+  // The second is what a window hears that was destroyed from outside.
+  for (const char* event : {"delete-event", "destroy-event"}) {
+    g_signal_connect(topLevel, event, G_CALLBACK(closeWindow), &window_);
+  }
+}
+
+/// The plain window counts from its bottom edge, the screen from the top. A label that is not
+/// wholly on the window is left out.
+void ScreenWindow::addLabels(GtkFixed* content, int height) {
+  for (const Label& label : window_.labels()) {
+    const Rect& frame = label.frame;
+    const double bottom = window_.contentSize.height - frame.y;
+    if (bottom > height) continue;
+    GtkWidget* const widget = makeFrameLabel(label);
+    gtk_fixed_put(content, widget, rounded(frame.x), rounded(bottom - frame.height));
+    mirrored_.push_back({label, widget, label.text, label.color});
+  }
+}
+
+void ScreenWindow::mirror() {
+  for (Mirrored& shown : mirrored_) {
+    if (shown.text != shown.label.text) {
+      shown.text = shown.label.text;
+      setFrameLabelText(shown.widget, shown.text);
+    }
+    if (shown.color != shown.label.color) {
+      shown.color = shown.label.color;
+      setFrameLabelColor(shown.widget, shown.color);
+    }
+  }
+}
+
+void ScreenWindow::show() {
+  mirror();
+  gtk_window_present(GTK_WINDOW(topLevel_.get()));
+}
+
+void ScreenWindow::update() {
+  if (gtk_widget_get_visible(topLevel_.get())) mirror();
+}
+
+void ScreenWindow::hide() {
+  gtk_widget_hide(topLevel_.get());
+}
+
+void ScreenWindow::raise() {
+  if (gtk_widget_get_visible(topLevel_.get())) gtk_window_present(GTK_WINDOW(topLevel_.get()));
+}
+
+}  // namespace quillon::platform::ui
