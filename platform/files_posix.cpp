@@ -38,7 +38,7 @@ bool isFolder(const Path& path) {
   return status && S_ISDIR(status->st_mode);
 }
 
-/// One byte more than expected is asked for: it tells the end of the file from growth.
+/// One byte more than expected is asked for: getting exactly what was expected tells the end.
 std::optional<std::string> readToEnd(int descriptor, std::size_t expectedBytes) {
   std::string content(expectedBytes + 1, '\0');
   std::size_t length = 0;
@@ -49,7 +49,7 @@ std::optional<std::string> readToEnd(int descriptor, std::size_t expectedBytes) 
         retryInterrupted([&] { return ::read(descriptor, free, content.size() - length); });
     if (got < 0) return std::nullopt;
     length += static_cast<std::size_t>(got);
-    if (got == 0) {
+    if (got == 0 || length == expectedBytes) {
       content.resize(length);
       return content;
     }
