@@ -16,10 +16,14 @@ GtkWidgetClass* labelClass() {
   return widgetClass;
 }
 
-FrameLabel& stateOf(GtkWidget* widget) { return *reinterpret_cast<FrameLabel*>(widget); }
+FrameLabel& stateOf(GtkWidget* widget) {
+  return *reinterpret_cast<FrameLabel*>(widget);
+}
 
 /// The text asks for no room: the size set from outside is the frame.
-void askForNothing(GtkWidget*, int* minimum, int* natural) { *minimum = *natural = 0; }
+void askForNothing(GtkWidget*, int* minimum, int* natural) {
+  *minimum = *natural = 0;
+}
 
 /// Only the shape of the text is taken from the toolkit. The colour is laid through it, so that
 /// neither a theme nor a font with coloured glyphs has a say in it.
@@ -53,9 +57,12 @@ GType frameLabelType() {
 
 PangoWeight pangoWeight(Font::Weight weight) {
   switch (weight) {
-    case Font::Weight::regular: return PANGO_WEIGHT_NORMAL;
-    case Font::Weight::semibold: return PANGO_WEIGHT_SEMIBOLD;
-    case Font::Weight::bold: return PANGO_WEIGHT_BOLD;
+    case Font::Weight::regular:
+      return PANGO_WEIGHT_NORMAL;
+    case Font::Weight::semibold:
+      return PANGO_WEIGHT_SEMIBOLD;
+    case Font::Weight::bold:
+      return PANGO_WEIGHT_BOLD;
   }
   return PANGO_WEIGHT_NORMAL;
 }
@@ -77,9 +84,12 @@ OwnedAttributes attributesFor(const Font& font) {
 
 float horizontalPlace(Alignment alignment) {
   switch (alignment) {
-    case Alignment::natural: return 0;
-    case Alignment::center: return 0.5F;
-    case Alignment::right: return 1;
+    case Alignment::natural:
+      return 0;
+    case Alignment::center:
+      return 0.5F;
+    case Alignment::right:
+      return 1;
   }
   return 0;
 }

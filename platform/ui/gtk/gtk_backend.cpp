@@ -47,7 +47,9 @@ gboolean runPostedTasksOnce(void*) {
   return G_SOURCE_REMOVE;
 }
 
-void wake() { g_idle_add_full(G_PRIORITY_DEFAULT, runPostedTasksOnce, nullptr, nullptr); }
+void wake() {
+  g_idle_add_full(G_PRIORITY_DEFAULT, runPostedTasksOnce, nullptr, nullptr);
+}
 
 void showWindow(Window& window) {
   screen().windows.try_emplace(&window, window, screen().policy).first->second.show();

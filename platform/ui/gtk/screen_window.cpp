@@ -12,7 +12,9 @@ namespace {
 /// X11 counts window sizes in device pixels up to 32,767; a window manager's frame comes on top.
 constexpr int greatestPixels = 32767 - 255;
 
-int rounded(double points) { return static_cast<int>(std::lround(points)); }
+int rounded(double points) {
+  return static_cast<int>(std::lround(points));
+}
 
 int boundedHeight(GtkWidget* widget, double points) {
   return std::min(rounded(points), greatestPixels / gtk_widget_get_scale_factor(widget));
@@ -108,7 +110,9 @@ void ScreenWindow::update() {
   if (gtk_widget_get_visible(topLevel_.get())) mirror();
 }
 
-void ScreenWindow::hide() { gtk_widget_hide(topLevel_.get()); }
+void ScreenWindow::hide() {
+  gtk_widget_hide(topLevel_.get());
+}
 
 void ScreenWindow::raise() {
   if (gtk_widget_get_visible(topLevel_.get())) gtk_window_present(GTK_WINDOW(topLevel_.get()));
