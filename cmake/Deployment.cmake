@@ -5,11 +5,13 @@ set(QUILLON_PRIMARY_HOST "geoip.quillon.example" CACHE STRING
 set(QUILLON_FALLBACK_HOST "myip.quillon.example" CACHE STRING
   "Host name of the bare-address endpoint (HTTPS, /myip)")
 
-# Host names by RFC 1123: labels of letters, digits and inner hyphens, parted by dots.
+# Host names by RFC 1123: labels of letters, digits and inner hyphens, parted by dots, the last one
+# not a number, as in an address.
 function(require_host_name variable)
   set(label "[A-Za-z0-9]([A-Za-z0-9-]*[A-Za-z0-9])?")
   string(LENGTH "${${variable}}" length)
-  if(NOT "${${variable}}" MATCHES "^${label}(\\.${label})*$" OR length GREATER 253)
+  if(NOT "${${variable}}" MATCHES "^${label}(\\.${label})*$" OR length GREATER 253
+      OR "${${variable}}" MATCHES "(^|\\.)[0-9]+$")
     message(FATAL_ERROR
       "${variable} is \"${${variable}}\", which is not a host name. Give the bare name, "
       "such as geoip.example.com: no scheme, port, path or blank.")
@@ -19,7 +21,8 @@ endfunction()
 require_host_name(QUILLON_PRIMARY_HOST)
 require_host_name(QUILLON_FALLBACK_HOST)
 
-if("${QUILLON_PRIMARY_HOST};${QUILLON_FALLBACK_HOST}" MATCHES "\\.example(;|$)")
+string(TOLOWER "${QUILLON_PRIMARY_HOST};${QUILLON_FALLBACK_HOST}" hosts)
+if(hosts MATCHES "\\.example(;|$)")
   message(STATUS
     "Discovery will not reach anybody: the endpoint hosts are reserved names. Set "
     "QUILLON_PRIMARY_HOST and QUILLON_FALLBACK_HOST to hosts of your own.")

@@ -19,9 +19,8 @@ struct Attempt {
 };
 
 void showProgress(LauncherDelegate& delegate, std::string status) {
-  delegate.updateStep(discoveryStep, [status = std::move(status)](SplashStep& step) {
-    step.status = status;
-  });
+  delegate.updateStep(discoveryStep,
+                      [status = std::move(status)](SplashStep& step) { step.status = status; });
 }
 
 void showOutcome(LauncherDelegate& delegate, std::string status, bool failed) {
@@ -70,10 +69,10 @@ void giveUp(LauncherDelegate& delegate, const Attempt& last) {
   writeErrorFile(delegate.userDataDir, errorRecord(last, delegate.overlay.proxyServer));
   delegate.blockEngine = delegate.overlay.onProxyFail == "block";
   const std::string& code = last.result.errorCode;
-  showOutcome(delegate,
-              delegate.blockEngine ? "BLOCKED: " + code
-                                   : "WARN: " + code + " — chrome will fall back",
-              true);
+  showOutcome(
+      delegate,
+      delegate.blockEngine ? "BLOCKED: " + code : "WARN: " + code + " — chrome will fall back",
+      true);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "discovery/endpoint_reply.h"
 #include "platform/system.h"
@@ -45,8 +46,7 @@ const char* errorCodeOf(int exitStatus) {
 }
 
 std::string exitMessage(int exitStatus, std::int64_t elapsedMs, const DiscoveryRequest& request) {
-  const std::string route =
-      request.proxyServer.empty() ? "direct" : "via " + request.proxyServer;
+  const std::string route = request.proxyServer.empty() ? "direct" : "via " + request.proxyServer;
   return "curl exit " + std::to_string(exitStatus) + " against " + request.endpointURL + " " +
          route + " after " + std::to_string(elapsedMs) + " ms";
 }
@@ -75,21 +75,21 @@ std::optional<std::vector<std::string>> curlArguments(const DiscoveryRequest& re
 DiscoverResult interpretCurlRun(const platform::ChildRun& run, std::int64_t elapsedMs,
                                 const DiscoveryRequest& request) {
   if (run.startError != 0) {
-    return failure("INTERNAL",
-                   "Process.run(curl) failed: " + platform::errorText(run.startError), notRun, 0);
+    return failure("INTERNAL", "Process.run(curl) failed: " + platform::errorText(run.startError),
+                   notRun, 0);
   }
   if (run.exitStatus != 0) {
     return failure(errorCodeOf(run.exitStatus), exitMessage(run.exitStatus, elapsedMs, request),
                    run.exitStatus, elapsedMs);
   }
+  const bool isWhole = run.outputBytes == run.output.size();
   // A reply cut at the limit may end inside a character; that is not the endpoint's fault.
-  const std::string_view reply = run.outputBytes > run.output.size()
-                                     ? platform::withoutCutOffEnd(run.output)
-                                     : std::string_view(run.output);
+  const std::string_view reply =
+      isWhole ? std::string_view(run.output) : platform::withoutCutOffEnd(run.output);
   if (!platform::isValidUtf8(reply)) {
     return failure("DISCOVERY_HTTP_ERROR", "curl exit 0 but response not UTF-8", 0, elapsedMs);
   }
-  DiscoverResult result = readEndpointReply(reply);
+  DiscoverResult result = isWhole ? readEndpointReply(reply) : DiscoverResult();
   result.elapsedMs = elapsedMs;
   if (!isUsableAddress(result.ip)) {
     result.errorCode = "DISCOVERY_HTTP_ERROR";

@@ -34,9 +34,9 @@ struct DiscoverResult {
 
 inline constexpr const char* curlExecutable = "/usr/bin/curl";
 
-/// As much of a reply is kept, a thousand times what an endpoint answers. Of a longer one only this
-/// beginning is looked at; messages tell the full length.
-inline constexpr std::size_t replyLimit = std::size_t{1} << 20;
+/// A longer reply, hundreds of times what an endpoint answers, has no usable address. What is taken
+/// from a shorter one always fits into an argument of the engine.
+inline constexpr std::size_t replyLimit = std::size_t{64} << 10;
 
 /// curl's own limit is ten seconds; one that is still there after these is killed.
 inline constexpr std::chrono::milliseconds curlPatience{15000};

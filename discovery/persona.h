@@ -43,7 +43,8 @@ struct ResolvedPersona {
 /// that, so it is no help then.
 [[nodiscard]] bool wantsMoreThanAddress(const OverlayKeys& overlay);
 
-/// The values that a successful discovery gives to an overlay: those it asks for and does not carry.
+/// The values that a successful discovery gives to an overlay: those it asks for and does not
+/// carry.
 [[nodiscard]] ResolvedPersona resolvePersona(const OverlayKeys& overlay,
                                              const DiscoverResult& discovered);
 

@@ -1,4 +1,5 @@
-#include "engine/engine_spawn.h"
+#include <utility>
+
 #include "engine/launch_steps.h"
 #include "launcher/launcher_delegate.h"
 #include "launcher/process_values.h"
@@ -42,7 +43,7 @@ void LauncherDelegate::finishLaunch() {
   splash->window.orderOut();
   if (blockEngine) leaveBlocked(*this);
   SwitchList overrideSwitches =
-      webglProfileSwitches(overlay.webglProfile, processValues().cataloguePlaces);
+      webglProfileSwitches(overlay.webglProfile, processValues().cataloguePlaces());
   appendAll(overrideSwitches, personaSwitches(overlay, persona));
   cleanProfile(overlay, userDataDir);
   appendAll(overrideSwitches, machineSwitches(overlay, thisMachine()));

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "platform/process.h"
+
 namespace quillon {
 
 void appendAll(SwitchList& switches, const SwitchList& more) {
@@ -12,7 +14,7 @@ void appendSwitch(SwitchList& switches, std::string_view name, std::string_view 
   if (value.empty()) return;
   std::string text("--");
   text.append(name).append("=").append(value);
-  switches.push_back(std::move(text));
+  if (platform::isPassableArgument(text)) switches.push_back(std::move(text));
 }
 
 std::optional<std::string> deviceMemoryValue(std::uint64_t physicalMemory) {
@@ -55,7 +57,9 @@ SwitchList machineSwitches(const OverlayKeys& overlay, const Machine& machine) {
     appendSwitch(switches, "hardware-concurrency", std::to_string(machine.activeProcessorCount));
   }
   if (!overlay.speechVoicesSet) appendSwitch(switches, "speech-voices-preset", "stock-chrome-mac");
-  switches.push_back(overlay.startPage.empty() ? "chrome://version" : overlay.startPage);
+  const bool hasStartPage =
+      !overlay.startPage.empty() && platform::isPassableArgument(overlay.startPage);
+  switches.push_back(hasStartPage ? overlay.startPage : "chrome://version");
   return switches;
 }
 

@@ -9,7 +9,7 @@ namespace quillon {
 platform::Path locateEngineBinary(const platform::Path& engineAppURL) {
   const auto named = platform::startEnvironment().value("QUILLON_ENGINE_BIN");
   if (!named || named->empty()) return engineAppURL / "Contents/MacOS/Nimbra Engine";
-  const platform::Path path(*named);
+  platform::Path path(*named);
   if (path.is_absolute()) return path;
   std::error_code error;
   platform::Path absolute = std::filesystem::absolute(path, error);

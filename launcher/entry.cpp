@@ -15,7 +15,7 @@ namespace {
 [[noreturn]] void runPassthrough(const ProcessValues& values) {
   cleanProfile(values.overlay, values.userDataDir);
   SwitchList overrideSwitches =
-      webglProfileSwitches(values.overlay.webglProfile, values.cataloguePlaces);
+      webglProfileSwitches(values.overlay.webglProfile, values.cataloguePlaces());
   appendAll(overrideSwitches, machineSwitches(values.overlay, thisMachine()));
   LaunchResultRecord record;
   record.status = "passthrough";
@@ -28,8 +28,9 @@ namespace {
 /// The delegate does the launching from within the event loop.
 int runWindowed(const ProcessValues& values) {
   platform::ui::Application& application = platform::ui::Application::shared();
-  const auto delegate = std::make_shared<LauncherDelegate>(
-      values.overlay, values.engineBinary, values.originalArgs, values.userDataDir);
+  // Never destroyed: the background thread uses it until the process ends.
+  static const auto& delegate = *new std::shared_ptr(std::make_shared<LauncherDelegate>(
+      values.overlay, values.engineBinary, values.originalArgs, values.userDataDir));
   application.setDelegate(*delegate);
   application.setActivationPolicy(platform::ui::ActivationPolicy::accessory);
   application.run();

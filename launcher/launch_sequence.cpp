@@ -52,8 +52,9 @@ std::string appliedOverridesText(const ResolvedPersona& persona) {
 
 void LauncherDelegate::runLaunchSequence() {
   const auto leaveIfCancelled = [this] {
-    if (cancelled) platform::postToMain([] { platform::endProcess(0); });
-    return cancelled.load();
+    const bool leave = cancelled;
+    if (leave) platform::postToMain([] { platform::endProcess(0); });
+    return leave;
   };
   removeErrorFile(userDataDir);
   updateStep(overlayStep, [this](SplashStep& step) {

@@ -1,8 +1,11 @@
 #include "launcher/entry.h"
 #include "platform/descriptor.h"
+#include "platform/process.h"
 #include "platform/system.h"
 
 int main(int count, char* arguments[]) {
-  quillon::platform::occupyClosedStandardStreams();
-  quillon::platform::endProcess(quillon::runLauncher({arguments, arguments + count}));
+  namespace platform = quillon::platform;
+  platform::occupyClosedStandardStreams();
+  (void)platform::startEnvironment();
+  platform::endProcess(quillon::runLauncher({arguments, arguments + count}));
 }

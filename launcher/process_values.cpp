@@ -26,10 +26,9 @@ const ProcessValues& fixProcessValues(const std::vector<std::string>& argumentVe
   values->engineAppURL = values->bundle.location / "Contents/Frameworks/Nimbra Engine.app";
   values->engineBinary = locateEngineBinary(values->engineAppURL);
   if (!argumentVector.empty()) {
+    values->programPath = argumentVector.front();
     values->originalArgs.assign(argumentVector.begin() + 1, argumentVector.end());
-    values->cataloguePlaces.programPath = argumentVector.front();
   }
-  values->cataloguePlaces.bundle = values->bundle;
   values->userDataDir = userDataDirFromArgs(values->originalArgs);
   values->overlayURL = overlayFileURL(values->userDataDir);
   values->overlay = loadOverlayKeys(values->overlayURL);

@@ -1,5 +1,9 @@
 #include "overlay/webgl_catalogue.h"
 
+#include <utility>
+
+#include "platform/process.h"
+
 namespace quillon {
 namespace {
 
@@ -37,7 +41,8 @@ std::vector<std::string> switchesOfWebglProfile(const JsonObject& catalogue,
   for (const auto& [name, value] : profile->members()) {
     const std::string text = switchValueText(value);
     if (name.starts_with('_') || text.empty()) continue;
-    switches.push_back("--" + name + "=" + text);
+    std::string engineSwitch = std::string("--").append(name).append("=").append(text);
+    if (platform::isPassableArgument(engineSwitch)) switches.push_back(std::move(engineSwitch));
   }
   return switches;
 }

@@ -1,12 +1,17 @@
-#include <system_error>
+#include <unistd.h>
+
+#include <array>
+#include <climits>
 
 #include "platform/bundle.h"
 
 namespace quillon::platform {
 
 Path executableLocation() {
-  std::error_code ignored;
-  return std::filesystem::read_symlink("/proc/self/exe", ignored);
+  std::array<char, PATH_MAX> target;
+  const ssize_t length = ::readlink("/proc/self/exe", target.data(), target.size());
+  if (length <= 0 || static_cast<std::size_t>(length) == target.size()) return {};
+  return Path(target.data(), target.data() + length);
 }
 
 }  // namespace quillon::platform

@@ -19,7 +19,8 @@ std::optional<Pipe> Pipe::open() {
 }
 
 void occupyClosedStandardStreams() {
-  std::array<pollfd, 3> streams{{{STDIN_FILENO, 0, 0}, {STDOUT_FILENO, 0, 0}, {STDERR_FILENO, 0, 0}}};
+  std::array<pollfd, 3> streams{
+      {{STDIN_FILENO, 0, 0}, {STDOUT_FILENO, 0, 0}, {STDERR_FILENO, 0, 0}}};
   if (::poll(streams.data(), streams.size(), 0) <= 0) return;
   for (const pollfd& stream : streams) {
     if ((stream.revents & POLLNVAL) == 0) continue;

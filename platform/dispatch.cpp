@@ -13,8 +13,8 @@ namespace {
 struct MainQueue {
   std::mutex mutex;
   std::condition_variable changed;
-  std::deque<Task> tasks;        // guarded by mutex
-  void (*wake)() = nullptr;      // guarded by mutex
+  std::deque<Task> tasks;    // guarded by mutex
+  void (*wake)() = nullptr;  // guarded by mutex
 };
 
 MainQueue& mainQueue() {
@@ -45,7 +45,9 @@ void runInBackground(Task task) {
   }
 }
 
-void sleepFor(std::chrono::milliseconds duration) { std::this_thread::sleep_for(duration); }
+void sleepFor(std::chrono::milliseconds duration) {
+  std::this_thread::sleep_for(duration);
+}
 
 void runPostedTasks() {
   MainQueue& queue = mainQueue();

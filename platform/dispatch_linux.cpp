@@ -4,6 +4,8 @@
 
 namespace quillon::platform {
 
-bool isMainThread() { return ::gettid() == ::getpid(); }
+bool isMainThread() {
+  return ::gettid() == ::getpid();
+}
 
 }  // namespace quillon::platform

@@ -7,7 +7,7 @@
 
 #include "platform/descriptor.h"
 
-/// Files and folders. Nothing here throws or writes a message; failures are the return value.
+/// Files and folders. Failures are the return value; nothing but want of memory is thrown.
 /// Relative paths count from the current folder. No shared state: any thread.
 namespace quillon::platform {
 
@@ -20,7 +20,7 @@ using Path = std::filesystem::path;
 [[nodiscard]] bool isExecutableFile(const Path& path);
 
 /// More than this is not read: no file that the launcher is meant to read comes near.
-inline constexpr std::size_t maxReadableBytes = std::size_t{1} << 30;
+inline constexpr std::size_t maxReadableBytes = std::size_t{256} << 20;
 
 /// The whole content. Nothing when it is missing, unreadable, not a regular file (a pipe or a
 /// device might never end) or longer than `maxReadableBytes`.
@@ -30,9 +30,10 @@ inline constexpr std::size_t maxReadableBytes = std::size_t{1} << 30;
 bool createFolders(const Path& folder);
 
 /// Puts a file with these bytes at `path`, replacing a file or link there. The bytes are written
-/// to a new file of its own name beside it, which is renamed over `path` once complete: no reader
-/// and no other writer ever sees a part, and a link at `path` is replaced, not followed. Survives
-/// the end of the process, not a power cut. On failure `path` is unchanged and nothing is left.
+/// to a new file beside it under a name of its own, which is renamed over `path` once complete: no
+/// reader and no other writer ever sees a part, and a link at `path` is replaced, not followed. On
+/// failure `path` is unchanged and nothing is left; only a process that is killed in the middle
+/// leaves the unfinished file. Meanwhile SIGXFSZ is ignored. No protection against a power cut.
 [[nodiscard]] bool writeFileAtomically(const Path& path, std::string_view bytes);
 
 /// Renames within one file system, over whatever file is at `to`.
@@ -50,7 +51,7 @@ class Folder {
   /// Whether a link in the last place of the path leads to the folder or is refused.
   enum class LastLink { follow, refuse };
 
-  /// Nothing when there is no such folder or it may not be searched.
+  /// Nothing when there is no such folder or it may not be read.
   static std::optional<Folder> open(const Path& path, LastLink lastLink);
 
   /// Removes the item at a path below the folder, by the rules of `quillon::platform::removeItem`.

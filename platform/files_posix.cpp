@@ -3,12 +3,14 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <new>
-#include <stdexcept>
 #include <system_error>
 
 #include "platform/files.h"
+#include "platform/signal_override.h"
 #include "platform/tree_removal.h"
 
 namespace quillon::platform {
@@ -36,7 +38,7 @@ bool isFolder(const Path& path) {
   return status && S_ISDIR(status->st_mode);
 }
 
-/// One byte more than expected is asked for: it tells the end of the file from growth.
+/// One byte more than expected is asked for: getting exactly what was expected tells the end.
 std::optional<std::string> readToEnd(int descriptor, std::size_t expectedBytes) {
   std::string content(expectedBytes + 1, '\0');
   std::size_t length = 0;
@@ -47,7 +49,7 @@ std::optional<std::string> readToEnd(int descriptor, std::size_t expectedBytes) 
         retryInterrupted([&] { return ::read(descriptor, free, content.size() - length); });
     if (got < 0) return std::nullopt;
     length += static_cast<std::size_t>(got);
-    if (got == 0) {
+    if (got == 0 || length == expectedBytes) {
       content.resize(length);
       return content;
     }
@@ -65,22 +67,18 @@ bool writeAll(int descriptor, std::string_view bytes) {
   return true;
 }
 
-/// A name beside `path` that no other running process uses.
-Path unfinishedName(const Path& path) { return path.native() + "." + std::to_string(::getpid()); }
-
-/// Creates a file that was not there. What a dead process left under the name, or somebody put
-/// there, is removed first; a link is never followed.
-UniqueFd createNewFile(const Path& path) {
-  constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW;
-  constexpr mode_t mode = 0666;
-  UniqueFd file = openFile(path, flags, mode);
-  if (!file.isOpen() && errno == EEXIST && removeItem(path)) file = openFile(path, flags, mode);
-  return file;
+/// A name beside `path` that nobody else uses: process numbers repeat on other machines and in
+/// other containers that share the folder, the time does not.
+Path nameOfItsOwn(const Path& path) {
+  const auto now = std::chrono::system_clock::now().time_since_epoch().count();
+  return path.native() + "." + std::to_string(::getpid()) + "." + std::to_string(now);
 }
 
 }  // namespace
 
-bool exists(const Path& path) { return statusOf(path).has_value(); }
+bool exists(const Path& path) {
+  return statusOf(path).has_value();
+}
 
 bool isExecutableFile(const Path& path) {
   const auto status = statusOf(path);
@@ -110,9 +108,11 @@ bool createFolders(const Path& folder) {
 }
 
 bool writeFileAtomically(const Path& path, std::string_view bytes) {
-  const Path unfinished = unfinishedName(path);
-  UniqueFd file = createNewFile(unfinished);
+  const Path unfinished = nameOfItsOwn(path);
+  UniqueFd file = openFile(unfinished, O_WRONLY | O_CREAT | O_EXCL, 0666);
   if (!file.isOpen()) return false;
+  // A file grown to the process's limit is a failed write, not the end of the process.
+  const SignalOverride fileSizeLimit(SIGXFSZ, SIG_IGN);
   const bool written = writeAll(file.get(), bytes);
   // Some file systems report a full disk only here.
   const bool closed = ::close(file.release()) == 0;
@@ -146,8 +146,8 @@ bool Folder::removeItem(std::string_view relativePath) const {
     return removeInFolder(descriptor_.get(), std::string(relativePath).c_str());
   }
   const std::string name(relativePath.substr(0, slash));
-  UniqueFd next(::openat(descriptor_.get(), name.c_str(),
-                         O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+  UniqueFd next(
+      ::openat(descriptor_.get(), name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
   if (!next.isOpen()) return errno == ENOENT || errno == ELOOP || errno == ENOTDIR;
   return Folder(std::move(next)).removeItem(relativePath.substr(slash + 1));
 }

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cmath>
+#include <exception>
 #include <functional>
 #include <nlohmann/json.hpp>
 #include <utility>
@@ -21,12 +21,14 @@ class TreeBuilder {
   using string_t = std::string;
   using binary_t = nlohmann::json::binary_t;
 
+  // NOLINTBEGIN(readability-identifier-naming,readability-convert-member-functions-to-static):
+  // the reader's names and kinds of functions.
   bool null() { return add({}); }
   bool boolean(bool value) { return add({value}); }
   bool number_integer(std::int64_t value) { return add({JsonNumber(value)}); }
   bool number_unsigned(std::uint64_t value) { return add({JsonNumber(value)}); }
   bool number_float(double value, const std::string&) { return add({JsonNumber(value)}); }
-  bool string(std::string& value) { return add({value}); }
+  bool string(std::string& value) { return add({std::make_unique<std::string>(value)}); }
   bool binary(binary_t&) { return false; }
 
   bool start_object(std::size_t) { return open(Container{std::vector<JsonMember>()}); }
@@ -41,13 +43,13 @@ class TreeBuilder {
       root_ = std::move(object);
       return true;
     }
-    return add({std::move(object)});
+    return add({std::make_unique<JsonObject>(std::move(object))});
   }
 
   /// Only an object may be on top.
   bool start_array(std::size_t) { return !containers_.empty() && open(Container{JsonArray()}); }
   bool end_array() {
-    JsonArray array = std::move(std::get<JsonArray>(containers_.back()));
+    auto array = std::make_unique<JsonArray>(std::move(std::get<JsonArray>(containers_.back())));
     containers_.pop_back();
     return add({std::move(array)});
   }
@@ -55,6 +57,7 @@ class TreeBuilder {
   bool parse_error(std::size_t, const std::string&, const nlohmann::json::exception&) {
     return false;
   }
+  // NOLINTEND(readability-identifier-naming,readability-convert-member-functions-to-static)
 
   [[nodiscard]] JsonObject takeRoot() { return std::move(root_); }
 
@@ -81,7 +84,9 @@ class TreeBuilder {
   JsonObject root_;
 };
 
-std::string quoted(const std::string& text) { return nlohmann::json(text).dump(); }
+std::string quoted(const std::string& text) {
+  return nlohmann::json(text).dump();
+}
 
 void appendCompact(std::string& out, const JsonValue& value);
 
@@ -149,8 +154,9 @@ void JsonObject::buildIndex() {
   for (std::size_t i = 0; i < members_.size(); ++i) {
     index_[i] = {std::hash<std::string>()(members_[i].key), i};
   }
-  std::sort(index_.begin(), index_.end(),
-            [this](const IndexEntry& left, const IndexEntry& right) { return precedes(left, right); });
+  std::sort(index_.begin(), index_.end(), [this](const IndexEntry& left, const IndexEntry& right) {
+    return precedes(left, right);
+  });
 }
 
 /// Equal keys are neighbours in the index, the last in the file behind the others.
@@ -178,6 +184,8 @@ const JsonValue* JsonObject::find(std::string_view key) const {
 }
 
 std::optional<JsonObject> parseJsonObject(std::string_view text) {
+  // The library takes a NUL for the end of the text. JSON has none outside an escape.
+  if (text.find('\0') != std::string_view::npos) return std::nullopt;
   try {
     TreeBuilder builder;
     if (!nlohmann::json::sax_parse(text.begin(), text.end(), &builder)) return std::nullopt;
@@ -200,9 +208,9 @@ std::string numberText(const JsonNumber& number) {
 }
 
 std::string integerPartText(const JsonNumber& number) {
-  const auto* fraction = std::get_if<double>(&number);
-  // Adding zero turns a negative zero into a plain one.
-  return fraction == nullptr ? numberText(number) : fixedText(std::trunc(*fraction) + 0.0);
+  std::string text = numberText(number);
+  text.resize(std::min(text.find('.'), text.size()));
+  return text == "-0" ? "0" : text;
 }
 
 bool isNonZero(const JsonNumber& number) {

@@ -27,13 +27,17 @@ class Environment {
   std::vector<char*> entries_;
 };
 
-/// The environment as it was at the first call, which the entry point makes before anything could
-/// change it. Children get this one: a UI toolkit removes variables from the live one.
+/// The environment as it was at the first call, which main() makes before anything could change it.
+/// Children get this one: a UI toolkit removes variables from the live one.
 [[nodiscard]] const Environment& startEnvironment();
 
 /// Keeps the disposition of every signal for `spawnInNewSession`, which puts them back before it
 /// starts its child. For the main thread, before a UI toolkit that changes some is loaded.
 void keepSignalDispositions();
+
+/// Whether a text reaches a child as an argument, whole: Linux takes less than 128 KiB, and a NUL
+/// would end it.
+[[nodiscard]] bool isPassableArgument(std::string_view text);
 
 /// What became of a child process.
 struct ChildRun {
@@ -57,8 +61,9 @@ struct ChildRun {
 
 /// Starts a child as the leader of a new session and forgets it: nobody waits for it. It inherits
 /// every descriptor that does not close on exec, the signal mask and dispositions as the launcher
-/// received them, and the start environment. `argumentVector` starts with argument zero; a string
-/// ends at its first NUL. Main thread. Returns 0, or the errno value of the failed start.
+/// received them (but for the two signals that the C
+/// library reserves), and the start environment. `argumentVector` starts with argument zero; a
+/// string ends at its first NUL. Main thread. Returns 0, or the errno value of the failed start.
 [[nodiscard]] int spawnInNewSession(const Path& executable,
                                     const std::vector<std::string>& argumentVector);
 

@@ -12,6 +12,7 @@
 #include <thread>
 
 #include "platform/descriptor.h"
+#include "platform/signal_override.h"
 
 namespace quillon::platform {
 namespace {
@@ -56,23 +57,6 @@ class SpawnAttributes {
 
  private:
   posix_spawnattr_t attributes_{};
-};
-
-/// While SIGCHLD is ignored, an ended child leaves no status (POSIX); a launcher may well inherit
-/// that. The default stands as long as this object does.
-class ReapableChildren {
- public:
-  ReapableChildren() {
-    struct sigaction standard {};
-    standard.sa_handler = SIG_DFL;
-    ::sigaction(SIGCHLD, &standard, &inherited_);
-  }
-  ReapableChildren(const ReapableChildren&) = delete;
-  ReapableChildren& operator=(const ReapableChildren&) = delete;
-  ~ReapableChildren() { ::sigaction(SIGCHLD, &inherited_, nullptr); }
-
- private:
-  struct sigaction inherited_ {};
 };
 
 /// Owns a running child: whoever leaves without having seen its end kills and reaps it.
@@ -134,7 +118,8 @@ struct DrainedStream {
   /// Reads once; false at the end of the stream.
   bool readSome() {
     constexpr std::size_t chunkBytes = 65536;
-    std::array<char, chunkBytes> chunk;
+    std::array<char, chunkBytes>
+        chunk;  // NOLINT(*-member-init): filling it would cost more than reading
     const ssize_t got = ::read(descriptor, chunk.data(), chunk.size());
     if (got < 0) return errno == EINTR;
     const auto length = static_cast<std::size_t>(got);
@@ -151,8 +136,8 @@ int millisecondsUntil(Clock::time_point deadline) {
 
 /// Reads until both streams end or the deadline has passed.
 void drain(std::array<DrainedStream, 2>& streams, Clock::time_point deadline) {
-  std::array<pollfd, 2> polled{{{streams[0].descriptor, POLLIN, 0},
-                                {streams[1].descriptor, POLLIN, 0}}};
+  std::array<pollfd, 2> polled{
+      {{streams[0].descriptor, POLLIN, 0}, {streams[1].descriptor, POLLIN, 0}}};
   const auto isOpen = [](const pollfd& entry) { return entry.fd >= 0; };
   while (std::any_of(polled.begin(), polled.end(), isOpen)) {
     const int wait = millisecondsUntil(deadline);
@@ -221,20 +206,26 @@ void keepSignalDispositions() {
   dispositionsAreKept = true;
 }
 
+bool isPassableArgument(std::string_view text) {
+  constexpr std::size_t linuxLimit = std::size_t{128} << 10;  // with the final NUL
+  return text.size() < linuxLimit && text.find('\0') == std::string_view::npos;
+}
+
 ChildRun runChild(const Path& executable, const std::vector<std::string>& arguments,
                   std::chrono::milliseconds timeLimit, std::size_t outputLimit) {
   const auto deadline = Clock::now() + timeLimit;
   auto output = Pipe::open();
   auto errors = Pipe::open();
   if (!output || !errors) return {.startError = errno};
-  const ReapableChildren reapable;
+  // While SIGCHLD is ignored, which a launcher may well inherit, an ended child leaves no status.
+  const SignalOverride reapableChildren(SIGCHLD, SIG_DFL);
   pid_t id = 0;
   if (const int error = startWithPipes(id, executable, arguments, *output, *errors)) {
     return {.startError = error};
   }
   ChildProcess child(id);
-  std::array<DrainedStream, 2> streams{{{output->readEnd.get(), outputLimit, {}},
-                                        {errors->readEnd.get(), 0, {}}}};
+  std::array<DrainedStream, 2> streams{
+      {{output->readEnd.get(), outputLimit, {}}, {errors->readEnd.get(), 0, {}}}};
   drain(streams, deadline);
   const int status = child.waitUntil(deadline);
   return {0, exitStatusOf(status), std::move(streams[0].kept), streams[0].bytes};

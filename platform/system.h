@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "platform/files.h"
 
@@ -15,19 +16,21 @@ namespace quillon::platform {
 /// Processors in use by the system, as a browser would count them; 0 when it does not tell.
 [[nodiscard]] int activeProcessorCount();
 
-/// The user's home folder: HOME when it is set and not empty, else the user database's; empty when
-/// neither knows one.
+/// The user's home folder: HOME when it is set and not empty, else the user database's; "/" when
+/// neither knows one, so that nothing of the current folder is taken for the user's.
 [[nodiscard]] Path homeFolder();
 
 /// Where the launcher keeps what belongs to no profile: "Library/Application Support/Quillon" below
 /// the home folder. It need not exist.
 [[nodiscard]] Path perUserFolder();
 
-/// The system's text for an error number, in the locale of the process.
+/// The system's text for an error number, in the locale of the process. (The C library's function
+/// for it may be called from any thread since glibc 2.32.)
 [[nodiscard]] std::string errorText(int errorNumber);
 
-/// Writes to standard error in a single write. Whether it arrives is not looked at; a reader that
-/// has gone does not end the process. From here on the process ignores SIGPIPE.
+/// Writes to standard error in a single write. How much of it arrives is not looked at; a reader
+/// that has gone or a file that may not grow does not end the process, which from here on ignores
+/// SIGPIPE and SIGXFSZ.
 void writeToStandardError(std::string_view text);
 
 /// Ends the process at once, without destructors and exit handlers: other threads may be running,

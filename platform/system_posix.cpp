@@ -3,6 +3,7 @@
 #include <pwd.h>
 #include <unistd.h>
 
+#include <array>
 #include <csignal>
 #include <cstring>
 
@@ -25,19 +26,29 @@ int activeProcessorCount() {
 Path homeFolder() {
   const auto home = startEnvironment().value("HOME");
   if (home && !home->empty()) return Path(*home);
-  const passwd* user = ::getpwuid(::getuid());
-  return user == nullptr || user->pw_dir == nullptr ? Path() : Path(user->pw_dir);
+  passwd entry{};
+  passwd* found = nullptr;
+  std::array<char, 16384> strings{};
+  ::getpwuid_r(::getuid(), &entry, strings.data(), strings.size(), &found);
+  return found == nullptr || entry.pw_dir == nullptr ? "/" : entry.pw_dir;
 }
 
-Path perUserFolder() { return homeFolder() / "Library/Application Support/Quillon"; }
+Path perUserFolder() {
+  return homeFolder() / "Library/Application Support/Quillon";
+}
 
-std::string errorText(int errorNumber) { return std::strerror(errorNumber); }
+std::string errorText(int errorNumber) {
+  return std::strerror(errorNumber);
+}
 
 void writeToStandardError(std::string_view text) {
   (void)std::signal(SIGPIPE, SIG_IGN);
+  (void)std::signal(SIGXFSZ, SIG_IGN);
   if (::write(STDERR_FILENO, text.data(), text.size()) < 0) return;
 }
 
-void endProcess(int status) { ::_exit(status); }
+void endProcess(int status) {
+  ::_exit(status);
+}
 
 }  // namespace quillon::platform

@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cstdint>
-#include <memory>
 
 namespace quillon::platform {
 namespace {
@@ -43,9 +42,23 @@ bool isLineBreak(utf8proc_int32_t codePoint) {
 }
 
 void append(std::string& out, utf8proc_int32_t codePoint) {
-  std::array<utf8proc_uint8_t, 4> bytes;
+  std::array<utf8proc_uint8_t, 4> bytes{};
   const auto length = utf8proc_encode_char(codePoint, bytes.data());
   out.append(reinterpret_cast<const char*>(bytes.data()), static_cast<std::size_t>(length));
+}
+
+/// The one-to-many mappings of small letters are those of case folding ("ß" folds to "ss").
+void appendUpperCased(std::string& out, utf8proc_int32_t codePoint) {
+  if (utf8proc_category(codePoint) != UTF8PROC_CATEGORY_LL) {
+    append(out, utf8proc_toupper(codePoint));
+    return;
+  }
+  std::array<utf8proc_int32_t, 4> folded{};
+  const auto count =
+      utf8proc_decompose_char(codePoint, folded.data(), folded.size(), UTF8PROC_CASEFOLD, nullptr);
+  for (std::size_t i = 0; static_cast<utf8proc_ssize_t>(i) < count; ++i) {
+    append(out, utf8proc_toupper(folded.at(i)));
+  }
 }
 
 /// Walks the characters up to `limit` of them; the number of bytes and characters passed.
@@ -64,7 +77,7 @@ Walk walkCharacters(std::string_view text, std::size_t limit) {
         walk.bytes == 0 || !next.valid ||
         utf8proc_grapheme_break_stateful(previous, next.value, &breakState) != 0;
     if (startsCharacter && walk.characters == limit) break;
-    walk.characters += startsCharacter ? 1 : 0;
+    if (startsCharacter) ++walk.characters;
     walk.bytes += next.length;
     previous = next.value;
   }
@@ -137,19 +150,11 @@ std::vector<std::string_view> nonEmptyLines(std::string_view text) {
 }
 
 std::string upperCased(std::string_view text) {
-  // Case folding does the one-to-many mappings, which upper-casing by code point lacks.
-  utf8proc_uint8_t* folded = nullptr;
-  const auto length = utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-                                   static_cast<utf8proc_ssize_t>(text.size()), &folded,
-                                   UTF8PROC_CASEFOLD);
-  const std::unique_ptr<utf8proc_uint8_t, decltype(&std::free)> owner(folded, &std::free);
-  if (length < 0) return std::string(text);
-  std::string_view rest(reinterpret_cast<const char*>(folded), static_cast<std::size_t>(length));
   std::string upper;
-  while (!rest.empty()) {
-    const CodePoint next = firstCodePoint(rest);
-    append(upper, utf8proc_toupper(next.value));
-    rest.remove_prefix(next.length);
+  while (!text.empty()) {
+    const CodePoint next = firstCodePoint(text);
+    appendUpperCased(upper, next.value);
+    text.remove_prefix(next.length);
   }
   return upper;
 }

@@ -13,7 +13,7 @@ namespace quillon::platform {
 /// Whether the bytes are well-formed UTF-8: no overlong forms, no surrogates, nothing cut off.
 [[nodiscard]] bool isValidUtf8(std::string_view text);
 
-/// The longest beginning of `text` that does not end inside an encoded code point.
+/// Without up to three bytes at the end that belong to no whole code point.
 [[nodiscard]] std::string_view withoutCutOffEnd(std::string_view text);
 
 /// The number of characters, counting no further than `limit`.

@@ -33,20 +33,21 @@ std::optional<FileIdentity> identityOf(int descriptor) {
 }
 
 /// The names in a folder; read whole before anything is removed, since removing while reading may
-/// skip entries on some file systems. A folder that cannot be read has none.
+/// skip entries on some file systems.
 struct Listing {
   std::vector<std::string> files;
   std::vector<std::string> folders;
 };
 
-Listing list(int folder) {
-  Listing listing;
+/// Nothing for a folder that may not be read and searched.
+std::optional<Listing> list(int folder) {
   // A stream of its own: it closes its descriptor, and `folder` is still needed.
   UniqueFd copy(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (!copy.isOpen()) return listing;
+  if (!copy.isOpen()) return std::nullopt;
   const DirectoryStream stream(::fdopendir(copy.get()));
-  if (!stream) return listing;
+  if (!stream) return std::nullopt;
   (void)copy.release();
+  Listing listing;
   while (const dirent* entry = ::readdir(stream.get())) {
     const std::string_view name = entry->d_name;
     if (name == "." || name == "..") continue;
@@ -89,20 +90,22 @@ class TreeWalk {
 
   void descend(const char* name) {
     UniqueFd folder(::openat(current_.get(), name, openFlags));
+    auto listing = folder.isOpen() ? list(folder.get()) : std::nullopt;
     const auto parent = identityOf(current_.get());
-    if (!folder.isOpen() || !parent) {
-      (void)::unlinkat(current_.get(), name, AT_REMOVEDIR);  // It may be empty all the same.
+    if (!listing || !parent) {
+      // It may be empty all the same. A folder that may be read but not searched must not be
+      // entered: there would be no way back out.
+      (void)::unlinkat(current_.get(), name, AT_REMOVEDIR);
       return;
     }
     current_ = std::move(folder);
-    Listing listing = list(current_.get());
-    for (std::string& file : listing.files) {
+    for (std::string& file : listing->files) {
       // File systems without entry types list folders as files.
       if (unlinkFile(current_.get(), file.c_str()) == Unlinked::isFolder) {
-        listing.folders.push_back(std::move(file));
+        listing->folders.push_back(std::move(file));
       }
     }
-    levels_.push_back({name, *parent, std::move(listing.folders)});
+    levels_.push_back({name, *parent, std::move(listing->folders)});
   }
 
   bool ascend() {

@@ -26,8 +26,7 @@ struct LaunchErrorRecord {
 
 /// Replaces ".quillon-launcher-error.json" in the profile folder, or in the user's own folder
 /// without one. A failure is passed over. Any thread.
-void writeErrorFile(const std::optional<std::string>& userDataDir,
-                    const LaunchErrorRecord& record);
+void writeErrorFile(const std::optional<std::string>& userDataDir, const LaunchErrorRecord& record);
 
 /// Removes that file; it need not be there. Any thread.
 void removeErrorFile(const std::optional<std::string>& userDataDir);

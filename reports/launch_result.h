@@ -7,7 +7,7 @@
 
 namespace quillon {
 
-/// What a launch came to. Addresses, coordinates and times zones travel as text.
+/// What a launch came to. Addresses, coordinates and time zones travel as text.
 struct LaunchResultRecord {
   /// "passthrough", "ok" or "blocked".
   std::string status;

@@ -19,7 +19,7 @@ namespace quillon {
 /// once the folder is there. Whatever stands at `url` is removed just before the new report takes
 /// its place, so for a moment there is none, but never a part of one. False on any failure; then
 /// the old report is still there, unless only the very last step failed, and nothing is left over.
-bool writeReportAtomically(const std::function<std::string()>& makeText,
-                           const platform::Path& url);
+/// Of two processes replacing the same report at once either may fail this way.
+bool writeReportAtomically(const std::function<std::string()>& makeText, const platform::Path& url);
 
 }  // namespace quillon

@@ -11,12 +11,23 @@ constexpr unsigned char firstUnescapedCode = 0x20;
 /// Every byte that needs escaping is an ASCII character: the bytes of all others are 0x80 or more.
 void appendEscaped(std::string& out, char character) {
   switch (character) {
-    case '"': out += "\\\""; return;
-    case '\\': out += "\\\\"; return;
-    case '\t': out += "\\t"; return;
-    case '\n': out += "\\n"; return;
-    case '\r': out += "\\r"; return;
-    default: break;
+    case '"':
+      out += "\\\"";
+      return;
+    case '\\':
+      out += "\\\\";
+      return;
+    case '\t':
+      out += "\\t";
+      return;
+    case '\n':
+      out += "\\n";
+      return;
+    case '\r':
+      out += "\\r";
+      return;
+    default:
+      break;
   }
   const auto code = static_cast<unsigned char>(character);
   if (code >= firstUnescapedCode) {
@@ -81,6 +92,8 @@ std::string timestampText(std::chrono::system_clock::time_point instant) {
   return {text.data(), static_cast<std::size_t>(length)};
 }
 
-std::string reportTimestamp() { return timestampText(std::chrono::system_clock::now()); }
+std::string reportTimestamp() {
+  return timestampText(std::chrono::system_clock::now());
+}
 
 }  // namespace quillon

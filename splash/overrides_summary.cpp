@@ -120,8 +120,7 @@ OverridesSummary summarizeOverlay(const JsonObject* overlayObject) {
   });
   summary.switchObject = overlayObject->find<JsonObject>(rawSwitchesKey);
   if (summary.switchObject != nullptr) {
-    summary.switchKeys =
-        sortedKeys(*summary.switchObject, [](const std::string&) { return true; });
+    summary.switchKeys = sortedKeys(*summary.switchObject, [](const std::string&) { return true; });
   }
   return summary;
 }
@@ -136,8 +135,7 @@ std::string summaryLine(std::string_view key, std::string_view valueText, std::s
   constexpr std::size_t widestValue = 36;
   constexpr std::size_t keptOfLongValue = 33;
   constexpr std::size_t keptAtLeast = 1;
-  std::string line =
-      shortened(key, keyWidth, std::max(keyWidth, keptAtLeast + 1) - 1);
+  std::string line = shortened(key, keyWidth, std::max(keyWidth, keptAtLeast + 1) - 1);
   const std::size_t length = platform::characterCount(line, keyWidth);
   line.append(keyWidth - length, ' ').append("  ");
   return line + shortened(valueText, widestValue, keptOfLongValue);

@@ -25,7 +25,7 @@ constexpr double lineHeight = 20;
 
 /// How a state of a step looks.
 struct StepLook {
-  const char* glyph;
+  const char* glyph = "";
   ui::Color glyphColor;
   ui::Color statusColor;
 };
@@ -105,8 +105,7 @@ void SplashWindow::showSplash() {
   ui::Application::shared().activateIgnoringOtherApps();
 }
 
-void SplashWindow::updateStep(std::size_t index,
-                              const std::function<void(SplashStep&)>& change) {
+void SplashWindow::updateStep(std::size_t index, const std::function<void(SplashStep&)>& change) {
   if (index >= steps.size()) return;
   change(steps[index]);
   refreshRows();

@@ -36,7 +36,7 @@ class SplashWindow {
 
   /// Builds the window without showing it. `overlayObject` may be null; it is not kept. The rows
   /// start as pending whatever the steps say.
-  SplashWindow(std::vector<SplashStep> steps, const platform::JsonObject* overlayObject);
+  SplashWindow(std::vector<SplashStep> initialSteps, const platform::JsonObject* overlayObject);
 
   /// Brings the window and the application to the front.
   void showSplash();

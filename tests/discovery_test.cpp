@@ -73,8 +73,9 @@ struct ReplyRow {
 
 DiscoverResult found(std::string ip, std::string country = "", std::string zone = "",
                      std::string latitude = "", std::string longitude = "") {
-  return {std::move(ip), 0, 5, "", "", std::move(country), std::move(zone), std::move(latitude),
-          std::move(longitude)};
+  return {
+      std::move(ip),       0, 5, "", "", std::move(country), std::move(zone), std::move(latitude),
+      std::move(longitude)};
 }
 
 /// A reply without a usable address; the message quotes its head.
@@ -120,9 +121,10 @@ TEST(EgressDiscovery, RepliesOfAllSorts) {
   const DiscoverResult binary = interpretCurlRun({0, 0, "\x7F\xFF", 2}, 5, direct);
   EXPECT_EQ("DISCOVERY_HTTP_ERROR", binary.errorCode);
   EXPECT_EQ("curl exit 0 but response not UTF-8", binary.message);
-  // Cut inside a character at the limit: no fault of the endpoint, and the length is the whole one.
+  // Cut at the limit, inside a character: the message tells the whole length.
   const DiscoverResult cut = interpretCurlRun({0, 0, "1.1.1.1\n\xC3", 64000000}, 5, direct);
-  EXPECT_EQ(found("1.1.1.1"), cut);
+  EXPECT_EQ("curl exit 0 but no usable IP in response — got 64000000 bytes, head: \"1.1.1.1\n\"",
+            cut.message);
 }
 
 TEST(CountryLanguages, TableIsWholeAndLookupIgnoresCase) {
@@ -135,9 +137,7 @@ TEST(CountryLanguages, TableIsWholeAndLookupIgnoresCase) {
   }
   EXPECT_EQ((LanguagePair{"en-GB", "en-GB,en;q=0.9"}), lookupCountryLang("gB"));
   EXPECT_EQ("fr-BE,fr;q=0.9,nl;q=0.8,en;q=0.7", lookupCountryLang("be").accept);
-  EXPECT_EQ("en-CA,en;q=0.9,fr;q=0.8", lookupCountryLang("CA").accept);
   EXPECT_EQ("en-IN,en;q=0.9,hi;q=0.8", lookupCountryLang("in").accept);
-  EXPECT_EQ("nb-NO,nb;q=0.9,en;q=0.8", lookupCountryLang("NO").accept);
   for (const char* code : {"UK", "NG", " DE", "USA", ""}) {
     EXPECT_EQ((LanguagePair{"en-US", "en-US,en;q=0.9"}), lookupCountryLang(code)) << code;
   }
@@ -150,7 +150,8 @@ TEST(Endpoints, ProviderIsTheLabelLeftOfTheTopLevelDomain) {
 }
 
 /// Flags that an overlay sets, by letter: a WebRTC, g geo, l language, t timezone; the upper-case
-/// ones say that the overlay carries the value (G latitude, H longitude, L lang, M accept-language).
+/// ones say that the overlay carries the value (G latitude, H longitude, L lang, M
+/// accept-language).
 OverlayKeys overlayWith(const std::string& flags) {
   OverlayKeys keys;
   const std::vector<std::pair<char, bool OverlayKeys::*>> fields{

@@ -30,25 +30,22 @@ TEST(OverrideSwitches, OnlyWhatIsKnownAndNotGiven) {
   EXPECT_EQ((SwitchList{"--device-memory=16", "--hardware-concurrency=8",
                         "--speech-voices-preset=stock-chrome-mac", "https://a b/"}),
             machineSwitches(open, {16ULL << 30, 8}));
-  EXPECT_EQ((SwitchList{"--speech-voices-preset=stock-chrome-mac", "https://a b/"}),
-            machineSwitches(open, {0, 0}));
+  for (const std::string& page : {std::string(200000, 'x'), std::string("a\0b", 3)}) {
+    open.startPage = page;
+    EXPECT_EQ((SwitchList{"--speech-voices-preset=stock-chrome-mac", "chrome://version"}),
+              machineSwitches(open, {0, 0}));
+  }
 }
 
-TEST(OverrideSwitches, PersonaInItsOrder) {
+TEST(OverrideSwitches, WhatWasNotDerivedGivesNoSwitch) {
   OverlayKeys overlay;
   EXPECT_TRUE(personaSwitches(overlay, {}).empty());
   EXPECT_EQ((SwitchList{"--geo-lat=1"}), personaSwitches(overlay, {.resolvedGeoLat = "1"}));
   overlay.webrtcNoLeak = true;
   EXPECT_EQ((SwitchList{"--force-webrtc-ip-handling-policy=default"}),
             personaSwitches(overlay, {}));
-  const ResolvedPersona all{"1.1.1.1", "52", "13", "de-DE", "de,en", "Europe/Berlin"};
-  EXPECT_EQ((SwitchList{"--webrtc-fake-public-ip=1.1.1.1",
-                        "--force-webrtc-ip-handling-policy=default",
-                        "--timezone-override=Europe/Berlin", "--lang=de-DE",
-                        "--accept-language=de,en", "--geo-lat=52", "--geo-lng=13",
-                        "--geo-accuracy=100"}),
-            personaSwitches(overlay, all));
-  EXPECT_EQ("ip=1.1.1.1 tz=Europe/Berlin lang=de-DE lat=52 lng=13", appliedOverridesText(all));
+  const ResolvedPersona some{"1.1.1.1", "52", "13", "", "de,en", "Europe/Berlin"};
+  EXPECT_EQ("ip=1.1.1.1 tz=Europe/Berlin lat=52 lng=13", appliedOverridesText(some));
   EXPECT_EQ("none (passthrough)", appliedOverridesText({.resolvedAcceptLang = "de"}));
 }
 
@@ -67,16 +64,6 @@ TEST(EngineSpawn, DebuggingPairOnlyForAUsablePort) {
   for (const char* given : {"--remote-debugging-port", "--remote-debugging-port=1234"}) {
     EXPECT_TRUE(debuggingSwitches("9222", {"-x", given}).empty()) << given;
   }
-}
-
-TEST(EngineSpawn, ArgumentVectorInItsOrder) {
-  const std::vector<std::string> expected{
-      "/e", "--hide-crash-restore-bubble", "b", "page", "--hide-crash-restore-bubble",
-      "--disable-features=PasswordManagerOnboarding,AutofillEnableAccountWalletStorage",
-      "--disable-save-password-bubble", "--remote-debugging-port=1",
-      "--remote-debugging-address=127.0.0.1"};
-  EXPECT_EQ(expected,
-            engineArgumentVector("/e", {"--hide-crash-restore-bubble", "b"}, {"page"}, "1"));
 }
 
 TEST(EngineSpawn, FailuresHaveTheirCaseAndText) {

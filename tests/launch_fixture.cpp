@@ -26,7 +26,8 @@ std::vector<char*> pointersTo(const std::vector<std::string>& strings) {
 EngineFacts parseFacts(const std::string& output) {
   EngineFacts facts;
   std::istringstream stream(output);
-  for (std::string fact; std::getline(stream, fact, '\0');) facts[fact[0]].push_back(fact.substr(1));
+  for (std::string fact; std::getline(stream, fact, '\0');)
+    facts[fact[0]].push_back(fact.substr(1));
   return facts;
 }
 
@@ -90,8 +91,7 @@ Outcome Launch::run() const {
     ::dup2(output[1], STDOUT_FILENO);
     ::dup2(::open(errorsFile.c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0600), STDERR_FILENO);
     prepare();
-    ::execve(executable.c_str(), pointersTo(argumentVector).data(),
-             pointersTo(environment).data());
+    ::execve(executable.c_str(), pointersTo(argumentVector).data(), pointersTo(environment).data());
     ::_exit(127);
   }
   ::close(output[1]);

@@ -11,9 +11,9 @@ namespace {
 using tests::TemporaryFolder;
 
 platform::JsonObject object(const std::string& text) {
-  const auto parsed = platform::parseJsonObject(text);
+  auto parsed = platform::parseJsonObject(text);
   EXPECT_TRUE(parsed) << text;
-  return parsed.value_or(platform::JsonObject());
+  return std::move(parsed).value_or(platform::JsonObject());
 }
 
 TEST(OverlayFile, ProfileFolderIsTheFirstExactSwitch) {
@@ -67,12 +67,26 @@ TEST(OverlayKeys, EveryKeyTakesEveryKindByItsRule) {
   };
   for (const Row& row : rows) {
     std::string json = "{\"unknown\":1";
-    for (const char* key :
-         {"proxy-server", "webrtc-no-leak", "webrtc-fake-public-ip", "on-proxy-fail", "auto-geo",
-          "auto-lang", "auto-timezone", "geo-lat", "geo-lng", "lang", "accept-language",
-          "timezone-override", "close-previous-tabs", "start-page", "granular-storage-reset",
-          "device-memory", "hardware-concurrency", "speech-voices", "webgl-profile",
-          "cdp-tcp-port"}) {
+    for (const char* key : {"proxy-server",
+                            "webrtc-no-leak",
+                            "webrtc-fake-public-ip",
+                            "on-proxy-fail",
+                            "auto-geo",
+                            "auto-lang",
+                            "auto-timezone",
+                            "geo-lat",
+                            "geo-lng",
+                            "lang",
+                            "accept-language",
+                            "timezone-override",
+                            "close-previous-tabs",
+                            "start-page",
+                            "granular-storage-reset",
+                            "device-memory",
+                            "hardware-concurrency",
+                            "speech-voices",
+                            "webgl-profile",
+                            "cdp-tcp-port"}) {
       json += ",\"" + std::string(key) + "\":" + row.json;
     }
     const OverlayKeys keys = overlayKeysFrom(object(json + "}"));
@@ -118,9 +132,9 @@ TEST(OverlayKeys, RulesOfSingleKeys) {
 TEST(WebglCatalogue, OneBadEntryCostsOnlyItself) {
   const auto catalogue = object(R"({"other":1,"profiles":{"flat":7,"p":{
       "_comment":"x","s":"text","empty":"","null":null,"n":2,"f":0.5,"b":true,"off":false,
-      "a":["x", "y"],"o":{"k": [1]},"--dashed":"v","n":3}}})");
+      "nul":"\u0000","nul\u0000":1,"a":["x", "y"],"o":{"k": [1]},"--dashed":"v","n":3}}})");
   const std::vector<std::string> expected{
-      "--s=text",  "--f=0.5",          "--b=1",         "--off=0",
+      "--s=text",          "--f=0.5",         "--b=1",        "--off=0",
       "--a=[\"x\",\"y\"]", "--o={\"k\":[1]}", "----dashed=v", "--n=3"};
   EXPECT_EQ(expected, switchesOfWebglProfile(catalogue, "p"));
   for (const char* name : {"P", "p ", "flat", "missing"}) {

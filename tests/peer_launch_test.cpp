@@ -70,23 +70,18 @@ TEST(PeerLaunch, DerivesThePersonaThroughEitherProxy) {
     launch.profile.write("Default/Network/Cookies", "x");
     const Outcome outcome = launch.run();
     EXPECT_EQ(0, outcome.status);
+    EXPECT_GE(outcome.elapsed, std::chrono::milliseconds(500)) << "the pauses are kept";
+    EXPECT_LT(outcome.elapsed, std::chrono::milliseconds(2000));
     EXPECT_EQ(everySwitch, overrideSwitches(outcome));
     EXPECT_EQ("(none)", reportMember(launch.errorFile(), "step")) << "the stale one is removed";
     EXPECT_FALSE(launch.profile.has("Default/Network/Cookies"));
-    for (const auto& [key, value] : std::vector<std::pair<const char*, const char*>>{
-             {"status", "ok"},
-             {"ip", "203.0.113.7"},
-             {"country_code", "de"},
-             {"timezone", "Europe/Berlin"},
-             {"lat", "52.52"},
-             {"lng", "13.405"},
-             {"lang", "de-DE"},
-             {"accept_lang", "de-DE,de;q=0.9,en;q=0.8"},
-             {"provider", "quillon"},
-             {"error_code", ""},
-             {"message", ""}}) {
-      EXPECT_EQ(value, reportMember(launch.resultFile(), key)) << key;
-    }
+    EXPECT_EQ("ok", reportMember(launch.resultFile(), "status"));
+    const std::string rest = contentOf(launch.resultFile());
+    const std::string expected =
+        R"("ip":"203.0.113.7","timezone":"Europe/Berlin","country_code":"de","lat":"52.52",)"
+        R"("lng":"13.405","lang":"de-DE","accept_lang":"de-DE,de;q=0.9,en;q=0.8","elapsed_ms":)";
+    EXPECT_NE(std::string::npos, rest.find(expected)) << rest;
+    EXPECT_EQ("quillon", reportMember(launch.resultFile(), "provider"));
   }
   EXPECT_NE(std::string::npos, contentOf(environmentValue("QUILLON_PROXY_LOG"))
                                    .find("connected to geoip.quillon.example:443"))
@@ -166,15 +161,6 @@ TEST(PeerLaunch, SilentProxyTimesOut) {
   EXPECT_EQ("PROXY_TIMEOUT", reportMember(launch.errorFile(), "error_code"));
   EXPECT_EQ("28", reportMember(launch.errorFile(), "curl_exit_code"));
   EXPECT_LT(outcome.elapsed, std::chrono::seconds(14));
-}
-
-TEST(PeerLaunch, SequenceTakesItsPausesAndNoMore) {
-  answer(jsonReply, "");
-  const Launch launch(overlay(openProxy, everything));
-  const Outcome outcome = launch.run();
-  const auto curl = std::stoi(reportMember(launch.resultFile(), "elapsed_ms"));
-  EXPECT_GE(outcome.elapsed, std::chrono::milliseconds(500 + curl));
-  EXPECT_LT(outcome.elapsed, std::chrono::milliseconds(2000 + curl));
 }
 
 }  // namespace

@@ -33,8 +33,10 @@ const std::map<std::string, std::vector<std::string>> itemsOfKeys{
 
 /// Items that look like those of the lists and are none.
 const std::vector<std::string> keptItems{
-    "Cookies",         "IndexedDB",    "Sessions",   "GPUCache",           "Default/ShaderCache",
-    "Default/cookies", "Default/Tabs", "Network/Cookies", "Default/Network/Kept", "Local State"};
+    "Cookies",      "IndexedDB",           "Sessions",
+    "GPUCache",     "Default/ShaderCache", "Default/cookies",
+    "Default/Tabs", "Network/Cookies",     "Default/Network/Kept",
+    "Local State"};
 
 /// A profile with every item that hygiene knows, each a folder with contents, and the kept ones.
 void fill(const TemporaryFolder& profile) {
@@ -122,8 +124,8 @@ TEST(StorageReset, LinksAreRemovedAsLinksAndNeverFollowed) {
   link(outside.path(), "Default/IndexedDB/inside");
   link("..", "Default/IndexedDB/up");
   resetGranularStorage(profile.path(), {{"all", true}});
-  for (const char* item : {"ShaderCache", "Default/Cookies", "Default/Cookies-journal",
-                           "Default/IndexedDB"}) {
+  for (const char* item :
+       {"ShaderCache", "Default/Cookies", "Default/Cookies-journal", "Default/IndexedDB"}) {
     EXPECT_FALSE(profile.has(item)) << item;
   }
   EXPECT_TRUE(profile.has("Default/Network"));
@@ -170,6 +172,8 @@ TEST(StorageReset, WhatCannotBeRemovedDoesNotKeepTheRest) {
   fill(profile);
   const Path locked = profile.path() / "Default/Cookies";
   std::filesystem::permissions(locked, std::filesystem::perms::owner_read);
+  profile.write("Default/Local Storage/a/file", "x");
+  profile.write("Default/Local Storage/z/file", "x");
   const Path full = profile.path() / "Default/Local Storage/deep";
   std::filesystem::permissions(full, std::filesystem::perms::owner_read);
   resetGranularStorage(profile.path(), {{"all", true}});
@@ -177,6 +181,8 @@ TEST(StorageReset, WhatCannotBeRemovedDoesNotKeepTheRest) {
   std::filesystem::permissions(full, std::filesystem::perms::owner_all);
   EXPECT_TRUE(profile.has("Default/Cookies"));
   EXPECT_TRUE(profile.has("Default/Local Storage/deep/file"));
+  EXPECT_FALSE(profile.has("Default/Local Storage/a"));
+  EXPECT_FALSE(profile.has("Default/Local Storage/z"));
   EXPECT_FALSE(profile.has("Default/StorageBuckets"));
 }
 

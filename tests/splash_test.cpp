@@ -38,19 +38,17 @@ TEST(SplashWindow, StandsAsDrawnWithoutASummary) {
   EXPECT_EQ((ui::Font{ui::Font::Family::system, 16, ui::Font::Weight::semibold}),
             splash.titleField->font);
   EXPECT_EQ((ui::Rect{16, 178, 428, 20}), splash.subtitleField->frame);
-  const std::vector<const char*> labels{"Loading persona overlay", "Discovering proxy egress IP",
-                                        "Applying anti-detect overrides", "Launching Nimbra"};
-  for (std::size_t i = 0; i < labels.size(); ++i) {
+  for (std::size_t i = 0; i < initialSplashSteps().size(); ++i) {
     const double y = 148 - 24 * static_cast<double>(i);
-    EXPECT_EQ((ui::Rect{14, y, 24, 20}), splash.rows[i].glyph.frame);
-    EXPECT_EQ("\u23F3", splash.rows[i].glyph.text);
-    EXPECT_EQ((ui::Color{245, 158, 11}), splash.rows[i].glyph.color);
-    EXPECT_EQ(ui::Alignment::center, splash.rows[i].glyph.alignment);
-    EXPECT_EQ((ui::Rect{40, y, 220, 20}), splash.rows[i].label.frame);
-    EXPECT_EQ(labels[i], splash.rows[i].label.text);
-    EXPECT_EQ((ui::Rect{260, y, 184, 20}), splash.rows[i].status.frame);
-    EXPECT_EQ(ui::Alignment::right, splash.rows[i].status.alignment);
-    EXPECT_EQ(ui::LineBreakMode::truncateMiddle, splash.rows[i].status.lineBreakMode);
+    const auto& [glyph, label, status] = splash.rows[i];
+    EXPECT_EQ((ui::Rect{14, y, 24, 20}), glyph.frame);
+    EXPECT_EQ("\u23F3", glyph.text);
+    EXPECT_EQ((ui::Color{245, 158, 11}), glyph.color);
+    EXPECT_EQ((ui::Rect{40, y, 220, 20}), label.frame);
+    EXPECT_EQ(initialSplashSteps()[i].label, label.text);
+    EXPECT_EQ((ui::Rect{260, y, 184, 20}), status.frame);
+    EXPECT_EQ(ui::Alignment::right, status.alignment);
+    EXPECT_EQ(ui::LineBreakMode::truncateMiddle, status.lineBreakMode);
   }
 }
 
@@ -120,8 +118,8 @@ TEST(OverridesSummary, ListsWhatIsSwitchedOn) {
   EXPECT_EQ(nullptr, summarizeOverlay(&flat).switchObject);
   EXPECT_TRUE(summarizeOverlay(nullptr).activeKeys.empty());
   const std::vector<std::pair<const char*, const char*>> texts{
-      {"auto-geo", "true"}, {"webrtc-no-leak", "1"}, {"null", ""}, {"list", "[]"}, {"no", "No"},
-      {"zero", "0"}, {"missing", ""}};
+      {"auto-geo", "true"}, {"webrtc-no-leak", "1"}, {"null", ""},   {"list", "[]"},
+      {"no", "No"},         {"zero", "0"},           {"missing", ""}};
   for (const auto& [key, text] : texts) EXPECT_EQ(text, overlayValueText(overlay.find(key))) << key;
 }
 
@@ -129,7 +127,10 @@ TEST(OverridesSummary, LinesCutAndPadByCharacters) {
   EXPECT_EQ("a    1", summaryLine("a", "1", 3));
   EXPECT_EQ("bbb  1", summaryLine("bbb", "1", 3));
   EXPECT_EQ(std::string(27, 'k') + "…  v", summaryLine(std::string(40, 'k'), "v", 28));
-  EXPECT_EQ("e\u0301 " "  v", summaryLine("e\u0301", "v", 2));
+  EXPECT_EQ(
+      "e\u0301 "
+      "  v",
+      summaryLine("e\u0301", "v", 2));
   EXPECT_EQ("  v", summaryLine("", "v", 0));
   EXPECT_EQ("k  " + std::string(36, 'v'), summaryLine("k", std::string(36, 'v'), 1));
   EXPECT_EQ("k  " + std::string(33, 'v') + "…", summaryLine("k", std::string(37, 'v'), 1));
@@ -140,12 +141,8 @@ TEST(OverridesSummary, IsLaidOutFromTheBottomUpwards) {
       object(R"({"b":{"x":[1, 2]},"a":1,"chrome-command-line":{"--y":"2","--x":"1"}})");
   const SplashWindow splash(initialSplashSteps(), &overlay);
   const std::vector<std::pair<double, const char*>> lines{
-      {16, "--y  2"},
-      {34, "--x  1"},
-      {52, "Raw Chromium switches (2)"},
-      {82, "b  {\"x\":[1,2]}"},
-      {100, "a  1"},
-      {118, "Active overrides (2)"},
+      {16, "--y  2"},           {34, "--x  1"}, {52, "Raw Chromium switches (2)"},
+      {82, "b  {\"x\":[1,2]}"}, {100, "a  1"},  {118, "Active overrides (2)"},
   };
   for (const auto& [y, text] : lines) {
     const ui::Label& label = labelAt(splash.window, 16, y);

@@ -39,10 +39,16 @@ void Application::run() {
   backend_.run();
 }
 
-void Window::makeKeyAndOrderFront() { Application::shared().backend().showWindow(*this); }
+void Window::makeKeyAndOrderFront() {
+  Application::shared().backend().showWindow(*this);
+}
 
-void Window::display() const { Application::shared().backend().updateWindow(*this); }
+void Window::display() const {
+  Application::shared().backend().updateWindow(*this);
+}
 
-void Window::orderOut() const { Application::shared().backend().hideWindow(*this); }
+void Window::orderOut() const {
+  Application::shared().backend().hideWindow(*this);
+}
 
 }  // namespace quillon::platform::ui

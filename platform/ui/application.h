@@ -27,13 +27,13 @@ class Application {
 
   /// Not owned; must live as long as the application.
   void setDelegate(ApplicationDelegate& delegate) { delegate_ = &delegate; }
-  void setActivationPolicy(ActivationPolicy policy) { backend_.setActivationPolicy(policy); }
+  void setActivationPolicy(ActivationPolicy policy) const { backend_.setActivationPolicy(policy); }
   /// Brings the application in front of all others.
-  void activateIgnoringOtherApps() { backend_.activate(); }
+  void activateIgnoringOtherApps() const { backend_.activate(); }
   /// Tells the delegate that the launch has finished, then handles events.
   void run();
   /// Shows the alert and blocks until the user has dismissed it; at once when headless.
-  void runModal(const Alert& alert) { backend_.runModal(alert); }
+  void runModal(const Alert& alert) const { backend_.runModal(alert); }
 
   [[nodiscard]] const Backend& backend() const { return backend_; }
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <deque>
 #include <string>
+#include <utility>
 
 /// Windows and labels as plain objects: they hold the state that the user is to see, and a backend
 /// mirrors it onto the screen when told to. Lengths are points. Main thread only.

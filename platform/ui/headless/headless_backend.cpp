@@ -25,6 +25,8 @@ constexpr Backend backend{
 
 }  // namespace
 
-const Backend& headlessBackend() { return backend; }
+const Backend& headlessBackend() {
+  return backend;
+}
 
 }  // namespace quillon::platform::ui
