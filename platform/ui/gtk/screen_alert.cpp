@@ -46,6 +46,7 @@ OwnedTopLevel buildAlert(const Alert& alert, ActivationPolicy policy) {
   boundParagraphs(GTK_LABEL(g_list_last(labels.get())->data));
   auto* const window = GTK_WINDOW(dialog);
   gtk_window_set_title(window, message.get());
+  atk_object_set_name(gtk_widget_get_accessible(dialog), message.get());
   gtk_window_set_keep_above(window, TRUE);
   gtk_window_set_position(window, GTK_WIN_POS_CENTER);
   applyManner(window, policy);
