@@ -136,7 +136,7 @@ OverlayKeys overlayWith(const std::string& flags) {
       {'H', &OverlayKeys::geoLngSet},    {'l', &OverlayKeys::autoLang},
       {'L', &OverlayKeys::langSet},      {'M', &OverlayKeys::acceptLanguageSet},
       {'t', &OverlayKeys::autoTimezone}, {'T', &OverlayKeys::timezoneOverrideSet}};
-  for (const auto& [letter, field] : fields) keys.*field = flags.find(letter) != flags.npos;
+  for (const auto& [letter, field] : fields) keys.*field = flags.find(letter) != std::string::npos;
   return keys;
 }
 

@@ -17,7 +17,6 @@ namespace quillon::platform {
 namespace {
 
 using namespace std::chrono_literals;
-using tests::contentOf;
 using tests::TemporaryFolder;
 
 std::string nested(std::size_t depth) {
