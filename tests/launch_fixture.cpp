@@ -69,11 +69,11 @@ std::string contentOf(const Path& file) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-Launch::Launch(const std::string& overlay) : executable(NIMBRA_EXECUTABLE) {
+Launch::Launch(const std::string& overlay)
+    : executable(NIMBRA_EXECUTABLE), engine(STAND_IN_ENGINE) {
   profile.write("command-line.json", overlay);
   arguments = {"--user-data-dir=" + profile.path().native()};
-  environment = {"HOME=" + home.path().native(), "PATH=/usr/bin:/bin",
-                 "QUILLON_ENGINE_BIN=" STAND_IN_ENGINE};
+  environment = {"HOME=" + home.path().native(), "PATH=/usr/bin:/bin"};
   if (const char* bundle = std::getenv("CURL_CA_BUNDLE")) {
     environment.push_back(std::string("CURL_CA_BUNDLE=") + bundle);
   }
@@ -82,6 +82,8 @@ Launch::Launch(const std::string& overlay) : executable(NIMBRA_EXECUTABLE) {
 Outcome Launch::run() const {
   std::vector<std::string> argumentVector{executable.native()};
   argumentVector.insert(argumentVector.end(), arguments.begin(), arguments.end());
+  std::vector<std::string> entries = environment;
+  entries.push_back("QUILLON_ENGINE_BIN=" + engine);
   const Path errorsFile = home.path() / "stderr";
   std::array<int, 2> output{};
   EXPECT_EQ(0, ::pipe2(output.data(), O_CLOEXEC));
@@ -91,7 +93,7 @@ Outcome Launch::run() const {
     ::dup2(output[1], STDOUT_FILENO);
     ::dup2(::open(errorsFile.c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0600), STDERR_FILENO);
     prepare();
-    ::execve(executable.c_str(), pointersTo(argumentVector).data(), pointersTo(environment).data());
+    ::execve(executable.c_str(), pointersTo(argumentVector).data(), pointersTo(entries).data());
     ::_exit(127);
   }
   ::close(output[1]);

@@ -54,8 +54,9 @@ class Launch {
   Path executable;
   /// Names the profile folder; may be replaced.
   std::vector<std::string> arguments;
-  /// Entries as for execve; HOME, PATH, the stand-in as engine and nothing of a display.
+  /// Entries as for execve, without the engine's: HOME, PATH and nothing of a display.
   std::vector<std::string> environment;
+  std::string engine;
   /// Runs in the launcher's process just before it becomes the launcher.
   std::function<void()> prepare = [] {};
 

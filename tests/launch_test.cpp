@@ -16,10 +16,20 @@
 namespace quillon::tests {
 namespace {
 
-const std::vector<std::string> baseSwitches{
-    "--hide-crash-restore-bubble",
-    "--disable-features=PasswordManagerOnboarding,AutofillEnableAccountWalletStorage",
-    "--disable-save-password-bubble"};
+/// The command line of an engine with debugging on that port, and these override switches.
+std::vector<std::string> commandLine(const Launch& launch,
+                                     const std::vector<std::string>& overrides,
+                                     const std::string& port) {
+  std::vector<std::string> all{launch.engine};
+  all.insert(all.end(), launch.arguments.begin(), launch.arguments.end());
+  all.insert(all.end(), overrides.begin(), overrides.end());
+  all.insert(all.end(),
+             {"--hide-crash-restore-bubble",
+              "--disable-features=PasswordManagerOnboarding,AutofillEnableAccountWalletStorage",
+              "--disable-save-password-bubble", "--remote-debugging-port=" + port,
+              "--remote-debugging-address=127.0.0.1"});
+  return all;
+}
 
 /// An overlay that leaves nothing of the machine in the switches.
 const std::string fixedMachine = R"("device-memory":1,"hardware-concurrency":1,"speech-voices":1)";
@@ -71,18 +81,13 @@ TEST(PassthroughLaunch, StartsTheEngineAndWritesItsReport) {
   const Outcome outcome = launch.run();
   EXPECT_EQ(0, outcome.status);
   EXPECT_EQ("", outcome.errors);
-  std::vector<std::string> expected{STAND_IN_ENGINE};
-  expected.insert(expected.end(), launch.arguments.begin(), launch.arguments.end());
-  expected.insert(expected.end(),
-                  {"--webgl-vendor=Google Inc. (Intel Inc.)",
-                   "--webgl-renderer=ANGLE (Intel Inc., ANGLE Metal Renderer: Intel(R) Iris(TM) "
-                   "Plus Graphics 655, Unspecified Version)",
-                   "--webgl-max-texture-size=16384", "https://a.example/"});
-  expected.insert(expected.end(), baseSwitches.begin(), baseSwitches.end());
-  expected.insert(expected.end(),
-                  {"--remote-debugging-port=9222", "--remote-debugging-address=127.0.0.1"});
+  const std::vector<std::string> overrides{
+      "--webgl-vendor=Google Inc. (Intel Inc.)",
+      "--webgl-renderer=ANGLE (Intel Inc., ANGLE Metal Renderer: Intel(R) Iris(TM) Plus Graphics "
+      "655, Unspecified Version)",
+      "--webgl-max-texture-size=16384", "https://a.example/"};
   ASSERT_TRUE(outcome.engine.contains('A'));
-  EXPECT_EQ(expected, outcome.engine.at('A'));
+  EXPECT_EQ(commandLine(launch, overrides, "9222"), outcome.engine.at('A'));
   EXPECT_EQ("passthrough", reportMember(launch.resultFile(), "status"));
   EXPECT_EQ("0", reportMember(launch.resultFile(), "elapsed_ms"));
   EXPECT_EQ("0.30.0-mac", reportMember(launch.resultFile(), "launcher_version"));
@@ -110,6 +115,7 @@ TEST(PassthroughLaunch, EngineInheritsWhatTheLauncherWasGiven) {
   const Outcome outcome = launch.run();
   std::signal(SIGPIPE, before);
   ASSERT_TRUE(outcome.engine.contains('E'));
+  launch.environment.push_back("QUILLON_ENGINE_BIN=" + launch.engine);
   EXPECT_EQ(launch.environment, outcome.engine.at('E'));
   std::vector<std::string> descriptors;
   for (const std::string& fact : outcome.engine.at('F')) {
@@ -143,47 +149,34 @@ TEST(PassthroughLaunch, WithoutAProfileTheReportGoesToTheUsersFolder) {
 }
 
 TEST(PassthroughLaunch, BadOverlaysGiveTheDefaults) {
-  const std::vector<std::string> overlays{"",
-                                          "[]",
-                                          "7",
-                                          "{\"auto-geo\":tru",
-                                          "{\"auto-geo\":true,\"x\":\"\xFF\"}",
-                                          "{\"auto-geo\":1,\"x\":1e999}",
-                                          "{\"auto-geo\":true,\"x\":" + std::string(100000, '[')};
-  for (const std::string& overlay : overlays) {
-    const Launch launch(overlay);
+  for (const std::string& rest :
+       {std::string("tru}"), std::string("true,\"x\":\"\xFF\"}"), std::string("1,\"x\":1e999}"),
+        "true,\"x\":" + std::string(100000, '[')}) {
+    const Launch launch("{\"auto-geo\":" + rest);
     EXPECT_EQ(0, launch.run().status);
-    EXPECT_EQ("passthrough", reportMember(launch.resultFile(), "status")) << overlay.substr(0, 40);
+    EXPECT_EQ("passthrough", reportMember(launch.resultFile(), "status")) << rest.substr(0, 40);
   }
 }
 
 TEST(FatalReport, NamesTheEngineAndLeavesTheResultFile) {
-  struct Row {
-    std::string engine;
-    std::string errors;
-  };
-  const std::vector<Row> rows{
-      {"/missing/engine", "Engine binary not found:\n/missing/engine"},
-      {"/tmp", "Engine binary not found:\n/tmp"},
-      {"", "Engine binary not found:\n" +
-               Path(NIMBRA_EXECUTABLE).parent_path().parent_path().parent_path().native() +
-               "/Contents/Frameworks/Nimbra Engine.app/Contents/MacOS/Nimbra Engine"},
-  };
-  for (const Row& row : rows) {
+  const Path bundle = Path(NIMBRA_EXECUTABLE).parent_path().parent_path().parent_path();
+  const std::vector<std::pair<std::string, std::string>> rows{
+      {"/missing/engine", "/missing/engine"},
+      {"/tmp", "/tmp"},
+      {"", bundle / "Contents/Frameworks/Nimbra Engine.app/Contents/MacOS/Nimbra Engine"}};
+  for (const auto& [engine, path] : rows) {
     Launch launch;
-    launch.environment.push_back("QUILLON_ENGINE_BIN=" + row.engine);
-    std::erase(launch.environment, "QUILLON_ENGINE_BIN=" STAND_IN_ENGINE);
+    launch.engine = engine;
     const Outcome outcome = launch.run();
     EXPECT_EQ(1, outcome.status);
-    EXPECT_EQ("[quillon-launcher] " + row.errors + "\n", outcome.errors);
+    EXPECT_EQ("[quillon-launcher] Engine binary not found:\n" + path + "\n", outcome.errors);
     EXPECT_EQ("passthrough", reportMember(launch.resultFile(), "status"));
   }
 }
 
 TEST(FatalReport, GoneReaderOfStandardErrorChangesNothing) {
   Launch launch;
-  launch.environment.push_back("QUILLON_ENGINE_BIN=/missing");
-  std::erase(launch.environment, "QUILLON_ENGINE_BIN=" STAND_IN_ENGINE);
+  launch.engine = "/missing";
   launch.prepare = [] {
     int ends[2];
     if (::pipe(ends) != 0) ::_exit(127);
@@ -199,7 +192,7 @@ TEST(ChromiumLaunch, RunningBrowserHasOurSwitchesAndAnswersOnLoopback) {
   constexpr const char* port = "19222";
   Launch launch("{" + fixedMachine + R"(,"start-page":"about:blank","cdp-tcp-port":")" + port +
                 "\"}");
-  launch.environment[2] = "QUILLON_ENGINE_BIN=" + chromium.native();
+  launch.engine = chromium;
   launch.arguments.insert(
       launch.arguments.end(),
       {"--headless", "--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run",
@@ -208,12 +201,6 @@ TEST(ChromiumLaunch, RunningBrowserHasOurSwitchesAndAnswersOnLoopback) {
   ::prctl(PR_SET_CHILD_SUBREAPER, 1);
   ASSERT_EQ(0, launch.run().status);
   const AdoptedEngine browser;
-  std::vector<std::string> expected{chromium.native()};
-  expected.insert(expected.end(), launch.arguments.begin(), launch.arguments.end());
-  expected.emplace_back("about:blank");
-  expected.insert(expected.end(), baseSwitches.begin(), baseSwitches.end());
-  expected.insert(expected.end(), {std::string("--remote-debugging-port=") + port,
-                                   "--remote-debugging-address=127.0.0.1"});
   const auto version = platform::runChild(
       curlExecutable,
       {"--silent", "--fail", "--retry", "30", "--retry-delay", "1", "--retry-connrefused",
@@ -221,7 +208,7 @@ TEST(ChromiumLaunch, RunningBrowserHasOurSwitchesAndAnswersOnLoopback) {
       std::chrono::seconds(40), 10000);
   EXPECT_EQ(0, version.exitStatus);
   EXPECT_NE(std::string::npos, version.output.find("webSocketDebuggerUrl")) << version.output;
-  EXPECT_EQ(expected, browser.commandLine());
+  EXPECT_EQ(commandLine(launch, {"about:blank"}, port), browser.commandLine());
 }
 
 }  // namespace
