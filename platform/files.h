@@ -20,7 +20,7 @@ using Path = std::filesystem::path;
 [[nodiscard]] bool isExecutableFile(const Path& path);
 
 /// More than this is not read: no file that the launcher is meant to read comes near.
-inline constexpr std::size_t maxReadableBytes = std::size_t{1} << 30;
+inline constexpr std::size_t maxReadableBytes = std::size_t{256} << 20;
 
 /// The whole content. Nothing when it is missing, unreadable, not a regular file (a pipe or a
 /// device might never end) or longer than `maxReadableBytes`.

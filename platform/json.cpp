@@ -28,7 +28,7 @@ class TreeBuilder {
   bool number_integer(std::int64_t value) { return add({JsonNumber(value)}); }
   bool number_unsigned(std::uint64_t value) { return add({JsonNumber(value)}); }
   bool number_float(double value, const std::string&) { return add({JsonNumber(value)}); }
-  bool string(std::string& value) { return add({value}); }
+  bool string(std::string& value) { return add({std::make_unique<std::string>(value)}); }
   bool binary(binary_t&) { return false; }
 
   bool start_object(std::size_t) { return open(Container{std::vector<JsonMember>()}); }
@@ -43,13 +43,13 @@ class TreeBuilder {
       root_ = std::move(object);
       return true;
     }
-    return add({std::move(object)});
+    return add({std::make_unique<JsonObject>(std::move(object))});
   }
 
   /// Only an object may be on top.
   bool start_array(std::size_t) { return !containers_.empty() && open(Container{JsonArray()}); }
   bool end_array() {
-    JsonArray array = std::move(std::get<JsonArray>(containers_.back()));
+    auto array = std::make_unique<JsonArray>(std::move(std::get<JsonArray>(containers_.back())));
     containers_.pop_back();
     return add({std::move(array)});
   }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -51,14 +52,25 @@ class JsonObject {
   std::vector<IndexEntry> index_;
 };
 
-/// One JSON value; `data` holds std::monostate for null.
+/// One JSON value; `data` holds std::monostate for null. What is large lies outside: a file may
+/// hold tens of millions of small values.
 struct JsonValue {
-  std::variant<std::monostate, bool, JsonNumber, std::string, JsonArray, JsonObject> data;
+  template <class Kind>
+  using Outside = std::unique_ptr<Kind>;
+
+  std::variant<std::monostate, bool, JsonNumber, Outside<std::string>, Outside<JsonArray>,
+               Outside<JsonObject>>
+      data;
 
   /// The value when it is of the kind `Kind`; null otherwise.
   template <class Kind>
   [[nodiscard]] const Kind* as() const {
-    return std::get_if<Kind>(&data);
+    if constexpr (sizeof(Kind) > sizeof(JsonNumber)) {
+      const auto* outside = std::get_if<Outside<Kind>>(&data);
+      return outside == nullptr ? nullptr : outside->get();
+    } else {
+      return std::get_if<Kind>(&data);
+    }
   }
 };
 

@@ -7,29 +7,46 @@
 namespace quillon::platform::ui {
 namespace {
 
-/// Keeps a long text on the screen: it breaks anywhere, as paths have no blanks, and ends with an
-/// ellipsis after so many lines.
-void boundText(GtkWidget* label, void*) {
-  constexpr int mostLines = 16;
-  auto* const text = GTK_LABEL(label);
-  gtk_label_set_line_wrap_mode(text, PANGO_WRAP_WORD_CHAR);
-  gtk_label_set_lines(text, mostLines);
-  gtk_label_set_ellipsize(text, PANGO_ELLIPSIZE_END);
+constexpr int mostParagraphs = 8;
+constexpr int mostLinesOfParagraph = 5;
+
+/// The text up to so many line breaks.
+std::string firstParagraphs(const std::string& text) {
+  std::size_t end = 0;
+  for (int i = 0; i < mostParagraphs; ++i) {
+    end = text.find('\n', end);
+    if (end == std::string::npos) return text;
+    ++end;
+  }
+  return text.substr(0, end) + "…";
+}
+
+/// Keeps a paragraph to so many lines. They break anywhere, as paths have no blanks, but a hyphen
+/// would look like a part of the path.
+void boundParagraphs(GtkLabel* label) {
+  const OwnedAttributes attributes(pango_attr_list_new());
+  pango_attr_list_insert(attributes.get(), pango_attr_insert_hyphens_new(FALSE));
+  gtk_label_set_attributes(label, attributes.get());
+  gtk_label_set_line_wrap_mode(label, PANGO_WRAP_WORD_CHAR);
+  gtk_label_set_lines(label, mostLinesOfParagraph);
+  gtk_label_set_ellipsize(label, PANGO_ELLIPSIZE_END);
 }
 
 OwnedTopLevel buildAlert(const Alert& alert, ActivationPolicy policy) {
   constexpr int topMargin = 12;
   const OwnedText message = displayText(alert.messageText);
-  const OwnedText informative = displayText(alert.informativeText);
+  const OwnedText informative = displayText(firstParagraphs(alert.informativeText));
   GtkWidget* const dialog = gtk_message_dialog_new(nullptr, GTK_DIALOG_MODAL, GTK_MESSAGE_ERROR,
                                                    GTK_BUTTONS_NONE, "%s", message.get());
   auto* const messageDialog = GTK_MESSAGE_DIALOG(dialog);
   gtk_message_dialog_format_secondary_text(messageDialog, "%s", informative.get());
   GtkWidget* const texts = gtk_message_dialog_get_message_area(messageDialog);
   gtk_widget_set_margin_top(texts, topMargin);
-  gtk_container_foreach(GTK_CONTAINER(texts), boundText, nullptr);
+  const OwnedList labels(gtk_container_get_children(GTK_CONTAINER(texts)));
+  boundParagraphs(GTK_LABEL(g_list_last(labels.get())->data));
   auto* const window = GTK_WINDOW(dialog);
   gtk_window_set_title(window, message.get());
+  atk_object_set_name(gtk_widget_get_accessible(dialog), message.get());
   gtk_window_set_keep_above(window, TRUE);
   gtk_window_set_position(window, GTK_WIN_POS_CENTER);
   applyManner(window, policy);

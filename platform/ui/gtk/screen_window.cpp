@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <utility>
 
 #include "platform/ui/gtk/frame_label.h"
 #include "platform/ui/gtk/window_manner.h"
@@ -18,6 +20,18 @@ int rounded(double points) {
 
 int boundedHeight(GtkWidget* widget, double points) {
   return std::min(rounded(points), greatestPixels / gtk_widget_get_scale_factor(widget));
+}
+
+/// Screen readers go through the labels as they were added.
+std::vector<std::reference_wrapper<const Label>> inReadingOrder(const std::deque<Label>& labels) {
+  std::vector<std::reference_wrapper<const Label>> ordered(labels.begin(), labels.end());
+  std::ranges::stable_sort(
+      ordered,
+      [](const Rect& one, const Rect& other) {
+        return std::pair(-one.y, one.x) < std::pair(-other.y, other.x);
+      },
+      &Label::frame);
+  return ordered;
 }
 
 /// Nothing of the theme reaches what stands on our own background.
@@ -78,7 +92,7 @@ void ScreenWindow::setUpFrame(ActivationPolicy policy) {
 /// The plain window counts from its bottom edge, the screen from the top. A label that is not
 /// wholly on the window is left out.
 void ScreenWindow::addLabels(GtkFixed* content, int height) {
-  for (const Label& label : window_.labels()) {
+  for (const Label& label : inReadingOrder(window_.labels())) {
     const Rect& frame = label.frame;
     const double bottom = window_.contentSize.height - frame.y;
     if (bottom > height) continue;

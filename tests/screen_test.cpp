@@ -1,0 +1,304 @@
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <future>
+#include <memory>
+#include <optional>
+#include <sstream>
+#include <thread>
+
+#include "build_identity.h"
+#include "launch_fixture.h"
+#include "platform/ui/backend.h"
+#include "silent_server.h"
+#include "splash/colors.h"
+
+/// Launches with a real window, looked at from outside: to be run by scripts/with-screen and
+/// scripts/with-peers. What is expected of pixels holds for any font.
+namespace quillon::tests {
+namespace {
+
+using namespace std::chrono_literals;
+using platform::ui::Color;
+
+std::string outputOf(const std::string& command) {
+  const std::unique_ptr<FILE, int (*)(FILE*)> pipe(::popen((command + " 2>&1").c_str(), "r"),
+                                                   ::pclose);
+  std::string output;
+  for (int byte = 0; (byte = std::fgetc(pipe.get())) != EOF;) output += static_cast<char>(byte);
+  return output;
+}
+
+/// The number behind a name in what a tool tells; 0 without one.
+int numberAfter(const std::string& name, const std::string& text) {
+  const auto place = text.find(name);
+  return place == std::string::npos ? 0 : std::atoi(text.c_str() + place + name.size());
+}
+
+/// What the user sees in the place of a window's content.
+class Picture {
+ public:
+  explicit Picture(const std::string& window) {
+    const std::string place = outputOf("xwininfo -id " + window);
+    width = numberAfter("Width:", place);
+    height = numberAfter("Height:", place);
+    std::ostringstream area;
+    area << width << 'x' << height << '+' << numberAfter("upper-left X:", place) << '+'
+         << numberAfter("upper-left Y:", place);
+    bytes_ = outputOf("/usr/bin/import -window root -crop " + area.str() + " -depth 8 rgb:-");
+  }
+
+  /// False when the window has gone.
+  [[nodiscard]] bool isValid() const {
+    return width > 0 && bytes_.size() == static_cast<std::size_t>(3 * width * height);
+  }
+  [[nodiscard]] Color at(int x, int y) const {
+    const auto* pixel = reinterpret_cast<const unsigned char*>(
+        &bytes_[static_cast<std::size_t>(3 * (y * width + x))]);
+    return {pixel[0], pixel[1], pixel[2]};
+  }
+
+  int width = 0;
+  int height = 0;
+
+ private:
+  std::string bytes_;
+};
+
+/// How much of `ink` lies over the background; nothing when the pixel is no mixture of the two.
+std::optional<double> coverage(Color pixel, Color ink) {
+  constexpr Color paper = colors::background;
+  constexpr std::array<std::uint8_t Color::*, 3> components{&Color::red, &Color::green,
+                                                            &Color::blue};
+  double mixed = 0;
+  double all = 0;
+  for (const auto component : components) {
+    const double range = ink.*component - paper.*component;
+    mixed += (pixel.*component - paper.*component) * range;
+    all += range * range;
+  }
+  const double share = mixed / all;
+  for (const auto component : components) {
+    const double expected = std::lerp(double(paper.*component), double(ink.*component), share);
+    if (std::abs(expected - pixel.*component) > 3) return std::nullopt;
+  }
+  return share;
+}
+
+/// In points from the upper left corner.
+struct Area {
+  int x, y, width, height;
+};
+
+/// The columns, in pixels, where an area shows ink of that colour. Nothing but that ink and the
+/// background may be there, and some of it must be strong.
+struct Ink {
+  int first = -1, last = -1;
+  double strongest = 0;
+  bool isPure = true;
+};
+
+Ink inkIn(const Picture& picture, Area area, Color color, int scale = 1) {
+  Ink ink;
+  for (int x = area.x * scale; x < (area.x + area.width) * scale; ++x) {
+    for (int y = area.y * scale; y < (area.y + area.height) * scale; ++y) {
+      const auto share = coverage(picture.at(x, y), color);
+      ink.isPure = ink.isPure && share.has_value();
+      if (share.value_or(0) < 0.05) continue;
+      if (ink.first < 0) ink.first = x;
+      ink.last = x;
+      ink.strongest = std::max(ink.strongest, *share);
+    }
+  }
+  return ink;
+}
+
+bool shows(const Picture& picture, Area area, Color color, int scale = 1) {
+  const Ink ink = inkIn(picture, area, color, scale);
+  return ink.isPure && ink.strongest > 0.5;
+}
+
+bool isEmpty(const Picture& picture, Area area) {
+  const Ink ink = inkIn(picture, area, colors::brightText);
+  return ink.isPure && ink.first < 0;
+}
+
+constexpr Area glyphArea(int row) {
+  return {14, 72 + 24 * row, 24, 20};
+}
+constexpr Area labelArea(int row) {
+  return {40, 72 + 24 * row, 220, 20};
+}
+constexpr Area statusArea(int row) {
+  return {260, 72 + 24 * row, 184, 20};
+}
+
+/// The identifier of the first window that the window manager knows; empty without any.
+std::string firstWindow() {
+  const std::string list = outputOf("xprop -root _NET_CLIENT_LIST");
+  const auto place = list.find("0x");
+  return place == std::string::npos ? ""
+                                    : list.substr(place, list.find_first_of(",\n", place) - place);
+}
+
+/// A launch running on the screen.
+class ScreenLaunch {
+ public:
+  /// The entries of `environment` come before all others.
+  ScreenLaunch(const std::string& overlay, const std::vector<std::string>& environment)
+      : launch(overlay) {
+    while (!firstWindow().empty()) std::this_thread::sleep_for(10ms);
+    launch.environment.push_back(std::string("DISPLAY=") + std::getenv("DISPLAY"));
+    launch.environment.insert(launch.environment.begin(), environment.begin(), environment.end());
+    outcome_ = std::async(std::launch::async, [this] { return launch.run(); });
+  }
+
+  /// The identifier of its window, once there is one.
+  [[nodiscard]] std::string window() const {
+    std::string window;
+    while (isRunning() && window.empty()) window = firstWindow();
+    EXPECT_NE("", window);
+    return window;
+  }
+  [[nodiscard]] bool isRunning(std::chrono::milliseconds patience = 10ms) const {
+    return outcome_.wait_for(patience) != std::future_status::ready;
+  }
+  /// Keys go to the window with the focus: pressed again as long as it may be another one.
+  [[nodiscard]] Outcome endBy(const std::string& keys) {
+    for (int i = 0; i < 20 && isRunning(250ms); ++i) outputOf("xdotool key " + keys);
+    return end();
+  }
+  [[nodiscard]] Outcome end() { return outcome_.get(); }
+
+  Launch launch;
+
+ private:
+  std::future<Outcome> outcome_;
+};
+
+std::string propertiesOf(const std::string& window) {
+  return outputOf("xprop -id " + window +
+                  " _NET_WM_NAME _NET_WM_STATE WM_NORMAL_HINTS _MOTIF_WM_HINTS") +
+         outputOf("xwininfo -id " + window);
+}
+
+void expectAll(const std::string& text, const std::vector<std::string>& parts) {
+  for (const std::string& part : parts) {
+    EXPECT_NE(std::string::npos, text.find(part)) << part << " is not in\n" << text;
+  }
+}
+
+std::string overlayWith(const std::string& proxy, const std::string& more = "") {
+  return R"({"auto-timezone":true,"proxy-server":")" + proxy + "\"" + more + "}";
+}
+
+// Nobody listens on port 1.
+constexpr const char* deadProxy = "socks5://127.0.0.1:1";
+
+TEST(Screen, SuccessfulLaunchTicksOffItsStepsInOrderAtDoubleScale) {
+  ScreenLaunch running(overlayWith(std::getenv("QUILLON_PROXY")), {"GDK_SCALE=2"});
+  const std::string window = running.window();
+  std::vector<int> ticked;
+  while (running.isRunning(1ms)) {
+    const Picture picture(window);
+    if (!picture.isValid() || picture.at(2, 2) != colors::background) continue;
+    ASSERT_EQ(920, picture.width);
+    int done = 0;
+    while (done < 4 && shows(picture, glyphArea(done), colors::green, 2)) ++done;
+    for (int row = done; row < 4; ++row) {
+      EXPECT_TRUE(shows(picture, glyphArea(row), colors::amber, 2)) << row << " of " << done;
+    }
+    ticked.push_back(done);
+  }
+  const Outcome outcome = running.end();
+  EXPECT_EQ(0, outcome.status);
+  EXPECT_FALSE(outcome.engine.empty());
+  ASSERT_FALSE(ticked.empty());
+  EXPECT_TRUE(std::is_sorted(ticked.begin(), ticked.end()));
+  EXPECT_GT(ticked.back(), 0);
+}
+
+TEST(Screen, BlockedLaunchShowsWhyInAWindowOfExactSizePlaceAndColours) {
+  ScreenLaunch running(
+      overlayWith(deadProxy,
+                  R"(,"b":"<b>&","c":"\u0000\n","chrome-command-line":{"--d":1,"--e":1})"),
+      {"GTK_THEME=Adwaita:dark"});
+  const std::string window = running.window();
+  std::optional<Picture> picture;
+  do {
+    picture.emplace(window);
+  } while (running.isRunning() &&
+           !(picture->isValid() && shows(*picture, glyphArea(1), colors::red)));
+  // Four active overrides and two raw switches make the window 116 points higher.
+  expectAll(propertiesOf(window),
+            {"\"Preparing Nimbra", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_ABOVE",
+             "minimum size: 460 by 356", "maximum size: 460 by 356", "_MOTIF_WM_HINTS) = 0x1, 0x24",
+             "Width: 460", "Height: 356", "Absolute upper-left X:  411"});
+  ASSERT_TRUE(picture->isValid());
+  EXPECT_TRUE(shows(*picture, {16, 16, 428, 24}, colors::brightText));
+  EXPECT_TRUE(shows(*picture, {16, 42, 428, 20}, colors::dimText));
+  EXPECT_TRUE(shows(*picture, glyphArea(0), colors::green));
+  EXPECT_TRUE(shows(*picture, statusArea(0), colors::dimText));
+  EXPECT_TRUE(shows(*picture, statusArea(1), colors::red));
+  EXPECT_GE(inkIn(*picture, statusArea(1), colors::red).last, 438) << "not at the right";
+  EXPECT_TRUE(shows(*picture, labelArea(1), colors::brightText));
+  EXPECT_TRUE(shows(*picture, glyphArea(3), colors::amber));
+  EXPECT_TRUE(isEmpty(*picture, statusArea(3)));
+  const std::vector<Area> margins{{0, 0, 460, 16},   {0, 0, 14, 356},    {445, 0, 15, 356},
+                                  {0, 340, 460, 16}, {16, 164, 428, 20}, {16, 278, 428, 8}};
+  for (const Area& area : margins) EXPECT_TRUE(isEmpty(*picture, area)) << area.x << ' ' << area.y;
+  EXPECT_TRUE(shows(*picture, {16, 184, 428, 18}, colors::dimText));
+  EXPECT_TRUE(shows(*picture, {16, 206, 428, 72}, colors::summaryRow));
+  const Outcome outcome = running.end();
+  EXPECT_EQ(42, outcome.status);
+  EXPECT_TRUE(outcome.engine.empty());
+  EXPECT_EQ("", outcome.errors);
+}
+
+TEST(Screen, ClosingTheHugeWindowDuringDiscoveryEndsTheLaunch) {
+  std::string keys;
+  for (int i = 0; i < 5000; ++i) keys += ",\"key" + std::to_string(i) + "\":true";
+  const SilentServer proxy;
+  ScreenLaunch running(overlayWith(proxy.asProxy(), keys), {});
+  const std::string window = running.window();
+  expectAll(propertiesOf(window), {"maximum size: 460 by 32512"});
+  const Outcome outcome = running.endBy("alt+F4");
+  EXPECT_EQ(0, outcome.status);
+  EXPECT_TRUE(outcome.engine.empty());
+  EXPECT_FALSE(std::filesystem::exists(running.launch.resultFile()));
+}
+
+TEST(Screen, AlertComesBehindItsLineOnStandardErrorAndEndsByAnyKeyMeantForIt) {
+  for (const char* keys : {"Return", "space", "Escape", "alt+F4"}) {
+    SCOPED_TRACE(keys);
+    ScreenLaunch running("{}", {"QUILLON_ENGINE_BIN=/nowhere/<i>&\xff" + std::string(9000, 'x')});
+    const std::string window = running.window();
+    EXPECT_TRUE(contentOf(running.launch.home.path() / "stderr")
+                    .starts_with("[quillon-launcher] Engine binary not found:\n/nowhere/<i>"));
+    expectAll(propertiesOf(window), {"\"Nimbra couldn't launch\"", "_NET_WM_STATE_MODAL",
+                                     "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_ABOVE"});
+    const Picture picture(window);
+    EXPECT_GT(picture.width, 200);
+    EXPECT_LT(picture.width, 1000);
+    EXPECT_LT(picture.height, 700);
+    EXPECT_EQ(1, running.endBy(keys).status);
+  }
+}
+
+TEST(Screen, ModuleOfAnotherBuildIsRefused) {
+  void* const module = ::dlopen(UI_MODULE, RTLD_NOW | RTLD_LOCAL);
+  ASSERT_NE(nullptr, module) << ::dlerror();
+  auto* const entryPoint = reinterpret_cast<platform::ui::BackendEntryPoint*>(
+      ::dlsym(module, platform::ui::backendEntryPoint));
+  ASSERT_NE(nullptr, entryPoint);
+  EXPECT_EQ(nullptr, entryPoint("another build"));
+  EXPECT_NE(nullptr, entryPoint(platform::ui::buildIdentity));
+}
+
+}  // namespace
+}  // namespace quillon::tests
