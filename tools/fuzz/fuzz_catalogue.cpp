@@ -4,6 +4,7 @@
 
 #include "overlay/webgl_catalogue.h"
 #include "platform/json.h"
+#include "platform/process.h"
 #include "platform/text.h"
 #include "tools/fuzz/require.h"
 
@@ -23,7 +24,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     require(switches.size() <= (entries == nullptr ? 0 : entries->members().size()));
     for (const std::string& text : switches) {
       require(text.starts_with("--") && !text.starts_with("--_") && !text.ends_with("="));
-      require(platform::isValidUtf8(text));
+      require(platform::isPassableArgument(text) && platform::isValidUtf8(text));
     }
   }
   return 0;

@@ -8,6 +8,7 @@
 #include "engine/override_switches.h"
 #include "overlay/overlay_keys.h"
 #include "platform/json.h"
+#include "platform/process.h"
 #include "platform/text.h"
 #include "profile/storage_selection.h"
 #include "splash/overrides_summary.h"
@@ -22,7 +23,8 @@ using fuzz::require;
 void checkSwitches(const OverlayKeys& keys) {
   const SwitchList switches = machineSwitches(keys, {std::uint64_t{16} << 30, 8});
   require(!switches.empty());
-  require(switches.back() == (keys.startPage.empty() ? "chrome://version" : keys.startPage));
+  require(std::all_of(switches.begin(), switches.end(), platform::isPassableArgument));
+  require(switches.back() == keys.startPage || switches.back() == "chrome://version");
   const SwitchList debugging = debuggingSwitches(keys.cdpTcpPort, {});
   require(debugging.empty() || debugging.size() == 2);
   require(debuggingSwitches(keys.cdpTcpPort, {"--remote-debugging-port=1"}).empty());

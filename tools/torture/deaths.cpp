@@ -1,7 +1,6 @@
 // Kills launches at random moments.
 
 #include <signal.h>
-#include <sys/wait.h>
 
 #include <chrono>
 #include <random>

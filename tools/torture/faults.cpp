@@ -1,7 +1,5 @@
 // Makes each call of a launch fail once, with each error.
 
-#include <sys/wait.h>
-
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -34,7 +32,7 @@ bool injectFault(const std::string& overlay, const char* function, int number, i
   const int status = waitForAll(
       trial.start({"LD_PRELOAD=" FAULT_SHIM, "FAULT=" + fault, "FAULT_MARK=" + mark.native()}));
   if (!std::filesystem::exists(mark)) return false;
-  ++endings[WEXITSTATUS(status)];
+  ++endings[exitStatus(status)];
   tally.add(fault + " (" + std::strerror(error) + ")",
             {outcomeComplaint(status, trial.engineStarts()), trial.reportComplaint(),
              trial.leftoverComplaint(), trial.outsideComplaint()});

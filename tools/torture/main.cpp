@@ -1,4 +1,5 @@
 // usage: torture faults passthrough|windowed
+//        torture surroundings passthrough|windowed
 //        torture deaths passthrough|windowed COUNT
 //        torture load   one|each COUNT
 // Windowed launches need the environment of scripts/with-peers.
@@ -22,6 +23,7 @@ int main(int count, char* arguments[]) {
   adoptOrphans();
   if (kind == "faults") return runFaults(proxy);
   if (kind == "deaths") return runDeaths(proxy, rounds);
+  if (kind == "surroundings") return runSurroundings(proxy);
   if (kind == "load") return runLoad(rounds, mode == "one");
   return 2;
 }

@@ -9,6 +9,7 @@ namespace quillon::torture {
 
 int runFaults(const std::optional<std::string>& proxy);
 int runDeaths(const std::optional<std::string>& proxy, int count);
+int runSurroundings(const std::optional<std::string>& proxy);
 int runLoad(int count, bool sameProfile);
 
 }  // namespace quillon::torture

@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <signal.h>
-#include <spawn.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -74,6 +73,23 @@ int waitForAll(pid_t child) {
   return childStatus;
 }
 
+pid_t start(const Execution& execution, const std::function<void()>& enter) {
+  Strings arguments = execution.arguments;
+  Strings environment = execution.environment;
+  const std::vector<char*> argumentVector = pointersTo(arguments);
+  const std::vector<char*> entries = pointersTo(environment);
+  const pid_t child = ::fork();
+  if (child != 0) return child;
+  ::dup2(::open("/dev/null", O_WRONLY | O_CLOEXEC), STDERR_FILENO);
+  enter();
+  ::execve(NIMBRA_EXECUTABLE, argumentVector.data(), entries.data());
+  ::_exit(127);
+}
+
+int exitStatus(int waitStatus) {
+  return WIFEXITED(waitStatus) ? WEXITSTATUS(waitStatus) : -1;
+}
+
 Trial::Trial(const std::string& overlay) {
   std::string pattern = (fs::temp_directory_path() / "quillon-torture.XXXXXX").native();
   folder_ = ::mkdtemp(pattern.data());
@@ -101,19 +117,11 @@ void Trial::fillProfile() const {
   fs::create_directory_symlink("../../../outside", stored / "Local Storage/link", exists);
 }
 
-pid_t Trial::start(const Strings& environment) const {
-  Strings arguments{NIMBRA_EXECUTABLE, "--user-data-dir=" + (folder_ / "profile").native()};
-  Strings entries = environmentOf(folder_, environment);
-  posix_spawn_file_actions_t quiet;
-  ::posix_spawn_file_actions_init(&quiet);
-  ::posix_spawn_file_actions_addopen(&quiet, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-  pid_t id = 0;
-  const int error = ::posix_spawn(&id, NIMBRA_EXECUTABLE, &quiet, nullptr,
-                                  pointersTo(arguments).data(), pointersTo(entries).data());
-  ::posix_spawn_file_actions_destroy(&quiet);
-  if (error == 0) return id;
-  std::fprintf(stderr, "The launcher cannot be started: error %d\n", error);
-  std::exit(2);
+Execution Trial::execution(const Strings& environment) const {
+  const Path profile = folder_ / "profile";
+  return {{NIMBRA_EXECUTABLE, "--user-data-dir=" + profile.native()},
+          environmentOf(folder_, environment),
+          profile};
 }
 
 std::size_t Trial::engineStarts() const {
@@ -170,8 +178,7 @@ std::string overlayFor(const std::optional<std::string>& proxy) {
 
 std::optional<std::string> outcomeComplaint(int waitStatus, std::size_t engineStarts) {
   const std::string starts = std::to_string(engineStarts) + " engine starts";
-  if (!WIFEXITED(waitStatus)) return "ended by signal " + std::to_string(WTERMSIG(waitStatus));
-  const int status = WEXITSTATUS(waitStatus);
+  const int status = exitStatus(waitStatus);
   if (status != 0 && status != 1 && status != 42) return "exit status " + std::to_string(status);
   if (engineStarts == (status == 0 ? 1 : 0)) return std::nullopt;
   return starts + " with exit status " + std::to_string(status);

@@ -3,6 +3,7 @@
 #include <sys/types.h>
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -21,6 +22,19 @@ void adoptOrphans();
 int waitForAll(pid_t child);
 inline constexpr unsigned patienceSeconds = 30;
 
+/// What will be executed, and the folder that its reports belong in.
+struct Execution {
+  Strings arguments;
+  Strings environment;
+  Path profile;
+};
+
+/// Starts the launcher with its messages dropped; `enter` runs in the new process just before.
+[[nodiscard]] pid_t start(const Execution& execution, const std::function<void()>& enter);
+
+/// The exit status in a wait status; -1 for a signal.
+[[nodiscard]] int exitStatus(int waitStatus);
+
 /// A folder with a profile to be cleaned, a home, and files outside that nobody may touch: some
 /// beside the profile, some behind links in it.
 class Trial {
@@ -33,8 +47,11 @@ class Trial {
 
   /// Puts everything back that a launch removes.
   void fillProfile() const;
-  /// Starts the launcher with more environment entries than it needs.
-  [[nodiscard]] pid_t start(const Strings& environment = {}) const;
+  /// A plain launch of the profile, with more environment entries than it needs.
+  [[nodiscard]] Execution execution(const Strings& environment = {}) const;
+  [[nodiscard]] pid_t start(const Strings& environment = {}) const {
+    return torture::start(execution(environment), [] {});
+  }
   /// How often the engine was started so far.
   [[nodiscard]] std::size_t engineStarts() const;
   /// What is wrong with the reports; nothing when each is whole or absent.
