@@ -8,10 +8,10 @@
 namespace quillon::platform {
 
 Path executableLocation() {
-  std::array<char, PATH_MAX> target;
+  std::array<char, PATH_MAX> target{};
   const ssize_t length = ::readlink("/proc/self/exe", target.data(), target.size());
   if (length <= 0 || static_cast<std::size_t>(length) == target.size()) return {};
-  return Path(target.data(), target.data() + length);
+  return {target.data(), target.data() + length};
 }
 
 }  // namespace quillon::platform

@@ -118,8 +118,8 @@ struct DrainedStream {
   /// Reads once; false at the end of the stream.
   bool readSome() {
     constexpr std::size_t chunkBytes = 65536;
-    std::array<char, chunkBytes>
-        chunk;  // NOLINT(*-member-init): filling it would cost more than reading
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): filling it would be wasted.
+    std::array<char, chunkBytes> chunk;
     const ssize_t got = ::read(descriptor, chunk.data(), chunk.size());
     if (got < 0) return errno == EINTR;
     const auto length = static_cast<std::size_t>(got);

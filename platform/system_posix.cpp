@@ -25,7 +25,7 @@ int activeProcessorCount() {
 
 Path homeFolder() {
   const auto home = startEnvironment().value("HOME");
-  if (home && !home->empty()) return Path(*home);
+  if (home && !home->empty()) return *home;
   passwd entry{};
   passwd* found = nullptr;
   std::array<char, 16384> strings{};

@@ -75,7 +75,7 @@ Walk walkCharacters(std::string_view text, std::size_t limit) {
     const CodePoint next = firstCodePoint(text.substr(walk.bytes));
     const bool startsCharacter =
         walk.bytes == 0 || !next.valid ||
-        utf8proc_grapheme_break_stateful(previous, next.value, &breakState) != 0;
+        utf8proc_grapheme_break_stateful(previous, next.value, &breakState);
     if (startsCharacter && walk.characters == limit) break;
     if (startsCharacter) ++walk.characters;
     walk.bytes += next.length;

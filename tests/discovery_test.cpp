@@ -2,7 +2,6 @@
 
 #include "discovery/country_languages.h"
 #include "discovery/egress_discovery.h"
-#include "discovery/endpoint_reply.h"
 #include "discovery/endpoints.h"
 #include "discovery/persona.h"
 #include "launch_fixture.h"
@@ -10,134 +9,111 @@
 namespace quillon {
 namespace {
 
+using Texts = std::vector<std::string>;
+
 const DiscoveryRequest direct{"", "https://e/x"};
 const DiscoveryRequest proxied{"socks5://u:p@h:1", "https://e/x"};
 
+DiscoverResult replied(const std::string& reply) {
+  return interpretCurlRun({0, 0, reply, reply.size()}, 5, direct);
+}
+
 TEST(EgressDiscovery, ArgumentsNameTheProxyThatResolves) {
-  using Arguments = std::vector<std::string>;
-  EXPECT_EQ((Arguments{"--max-time", "10", "-sS", "https://e/x"}), curlArguments(direct));
-  EXPECT_EQ((Arguments{"--max-time", "10", "-sS", "-x", "socks5h://u:p@h:1", "https://e/x"}),
+  EXPECT_EQ((Texts{"--max-time", "10", "-sS", "https://e/x"}), curlArguments(direct));
+  EXPECT_EQ((Texts{"--max-time", "10", "-sS", "-x", "socks5h://u:p@h:1", "https://e/x"}),
             curlArguments(proxied));
   EXPECT_EQ("socks5h://h:1 ", curlArguments({"socks5://h:1 ", "u"})->at(4));
   for (const char* proxy : {"socks5h://h:1", "SOCKS5://h:1", " socks5://h:1", "http://h", "x"}) {
     EXPECT_FALSE(curlArguments({proxy, "u"})) << proxy;
-    const DiscoverResult result = discoverEgress(proxy, "u", "/missing/curl");
-    EXPECT_EQ("INTERNAL", result.errorCode);
-    EXPECT_EQ(-1, result.curlExitCode);
-    EXPECT_EQ("proxy-server is not socks5://… — launcher only handles socks5:// or empty",
-              result.message);
   }
 }
 
-TEST(EgressDiscovery, CurlThatCannotRunIsAResult) {
-  const DiscoverResult missing = discoverEgress("", "u", "/missing/curl");
-  EXPECT_EQ("CURL_NOT_FOUND", missing.errorCode);
-  EXPECT_EQ("/usr/bin/curl missing — macOS always ships it; environment is broken",
-            missing.message);
+TEST(EgressDiscovery, WhatNeverRanIsAResult) {
   const tests::TemporaryFolder folder;
   folder.write("curl", "no program");
   std::filesystem::permissions(folder.path() / "curl", std::filesystem::perms::owner_all);
-  const DiscoverResult broken = discoverEgress("", "u", folder.path() / "curl");
-  EXPECT_EQ("INTERNAL", broken.errorCode);
-  EXPECT_EQ("Process.run(curl) failed: Exec format error", broken.message);
-  for (const DiscoverResult& result : {missing, broken}) {
-    EXPECT_EQ(-1, result.curlExitCode);
-    EXPECT_EQ(0, result.elapsedMs);
-  }
+  const auto expect = [](const DiscoverResult& result, const char* code, const char* message) {
+    EXPECT_EQ((DiscoverResult{"", -1, 0, code, message, "", "", "", ""}), result) << result.message;
+  };
+  expect(discoverEgress("http://h", "u", folder.path() / "curl"), "INTERNAL",
+         "proxy-server is not socks5://… — launcher only handles socks5:// or empty");
+  expect(discoverEgress("", "u", "/missing/curl"), "CURL_NOT_FOUND",
+         "/usr/bin/curl missing — macOS always ships it; environment is broken");
+  expect(discoverEgress("", "u", folder.path() / "curl"), "INTERNAL",
+         "Process.run(curl) failed: Exec format error");
 }
 
 TEST(EgressDiscovery, ExitStatusDecidesTheErrorCode) {
   const std::vector<std::pair<int, const char*>> rows{
-      {5, "INTERNAL"},       {6, "INTERNAL"},           {7, "PROXY_UNREACHABLE"},
-      {28, "PROXY_TIMEOUT"}, {56, "PROXY_AUTH_FAILED"}, {67, "PROXY_AUTH_FAILED"},
-      {97, "INTERNAL"},      {128 + 9, "INTERNAL"}};
+      {5, "INTERNAL"},           {7, "PROXY_UNREACHABLE"},  {28, "PROXY_TIMEOUT"},
+      {56, "PROXY_AUTH_FAILED"}, {67, "PROXY_AUTH_FAILED"}, {97, "INTERNAL"},
+      {128 + 9, "INTERNAL"}};
   for (const auto& [status, code] : rows) {
-    const platform::ChildRun run{0, status, "203.0.113.7", 11};
-    const DiscoverResult result = interpretCurlRun(run, 312, proxied);
-    EXPECT_EQ(code, result.errorCode) << status;
-    EXPECT_EQ(status, result.curlExitCode);
-    EXPECT_EQ(312, result.elapsedMs);
-    EXPECT_EQ("", result.ip);
-    EXPECT_EQ("curl exit " + std::to_string(status) +
-                  " against https://e/x via socks5://u:p@h:1 after 312 ms",
-              result.message);
+    const std::string message = "curl exit " + std::to_string(status) +
+                                " against https://e/x via socks5://u:p@h:1 after 312 ms";
+    EXPECT_EQ((DiscoverResult{"", status, 312, code, message, "", "", "", ""}),
+              interpretCurlRun({0, status, "203.0.113.7", 11}, 312, proxied));
   }
   EXPECT_EQ("curl exit 6 against https://e/x direct after 0 ms",
             interpretCurlRun({0, 6, "", 0}, 0, direct).message);
 }
 
-struct ReplyRow {
-  std::string reply;
-  DiscoverResult expected;
-};
-
-DiscoverResult found(std::string ip, std::string country = "", std::string zone = "",
-                     std::string latitude = "", std::string longitude = "") {
-  return {
-      std::move(ip),       0, 5, "", "", std::move(country), std::move(zone), std::move(latitude),
-      std::move(longitude)};
+TEST(EgressDiscovery, JsonReplyTellsAllOrWhatItHas) {
+  const std::string whole =
+      R"( {"ip":"203.0.113.7","country_code":"de","timezone":"Z","latitude":52.52,"longitude":"1.50"})";
+  EXPECT_EQ((DiscoverResult{"203.0.113.7", 0, 5, "", "", "de", "Z", "52.52", "1.50"}),
+            replied(whole));
+  const DiscoverResult partial = replied(R"({"ip":7,"country_code":"DE","latitude":-0.5})");
+  EXPECT_EQ("DISCOVERY_HTTP_ERROR", partial.errorCode);
+  EXPECT_EQ("DE-0.5", partial.countryCode + partial.latitude);
 }
 
-/// A reply without a usable address; the message quotes its head.
-DiscoverResult refused(const std::string& reply, DiscoverResult rest = found(""),
-                       const std::string& head = "") {
-  rest.errorCode = "DISCOVERY_HTTP_ERROR";
-  rest.message = "curl exit 0 but no usable IP in response — got " + std::to_string(reply.size()) +
-                 " bytes, head: \"" + (head.empty() ? reply : head) + "\"";
-  return rest;
-}
-
-TEST(EgressDiscovery, RepliesOfAllSorts) {
-  const std::string long45(45, 'x');
-  const std::string long46(46, 'x');
-  const std::string withoutIp =
-      R"({"ip":7,"country_code":"DE","timezone":"Z","latitude":"1.50","longitude":null})";
-  const std::string manyAccents(100, 'e');
-  const std::string html = "<!DOCTYPE html>\n<html>";
-  const std::vector<ReplyRow> rows{
-      {R"({"ip":"203.0.113.7","country_code":"de","timezone":"Europe/Berlin","latitude":52.52,
-           "longitude":13.405,"other":[1]})",
-       found("203.0.113.7", "de", "Europe/Berlin", "52.52", "13.405")},
-      {" \r\n\u2028{\"ip\":\" 1.1.1.1 \"}", refused(" \r\n\u2028{\"ip\":\" 1.1.1.1 \"}")},
-      {" \r\n{\"ip\":\" 1.1.1.1 \",\"latitude\":-0.5}", found(" 1.1.1.1 ", "", "", "-0.5")},
-      {withoutIp, refused(withoutIp, found("", "DE", "Z", "1.50"))},
-      {"{not json", refused("{not json")},
-      {"{", refused("{")},
-      {"[1,2]", refused("[1,2]", found("[1,2]"))},
-      {"", refused("")},
-      {" \n\t", refused(" \n\t")},
-      {"\r\n \t203.0.113.7\u00A0 \nmore\n", found("203.0.113.7")},
-      {"1.1.1.1", found("1.1.1.1")},
-      {"1.1.1", refused("1.1.1", found("1.1.1"))},
-      {long45, found(long45)},
-      {long46, refused(long46, found(long46))},
-      {html, found("<!DOCTYPE html>")},
-      {manyAccents, refused(manyAccents, found(manyAccents), manyAccents.substr(0, 80))},
+TEST(EgressDiscovery, AddressesOfRepliesOfAllSorts) {
+  const std::string longest(45, 'x');
+  struct Row {
+    std::string reply;
+    std::string ip;
+    bool isUsable;
   };
-  for (const ReplyRow& row : rows) {
-    EXPECT_EQ(row.expected, interpretCurlRun({0, 0, row.reply, row.reply.size()}, 5, direct))
-        << row.reply;
+  const std::vector<Row> rows{{" \r\n\u2028{\"ip\":\" 1.1.1.1 \"}", "", false},
+                              {" \r\n{\"ip\":\" 1.1.1.1 \"}", " 1.1.1.1 ", true},
+                              {"{not json", "", false},
+                              {"{", "", false},
+                              {"[1,2]", "[1,2]", false},
+                              {"", "", false},
+                              {" \n\t", "", false},
+                              {"\r\n \t203.0.113.7\u00A0 \nmore\n", "203.0.113.7", true},
+                              {"1.1.1.1", "1.1.1.1", true},
+                              {"1.1.1", "1.1.1", false},
+                              {longest, longest, true},
+                              {longest + "x", longest + "x", false},
+                              {"<!DOCTYPE html>\n<html>", "<!DOCTYPE html>", true}};
+  for (const auto& [reply, ip, isUsable] : rows) {
+    EXPECT_EQ(ip, replied(reply).ip) << reply;
+    EXPECT_EQ(isUsable ? "" : "DISCOVERY_HTTP_ERROR", replied(reply).errorCode) << reply;
   }
-  const DiscoverResult binary = interpretCurlRun({0, 0, "\x7F\xFF", 2}, 5, direct);
-  EXPECT_EQ("DISCOVERY_HTTP_ERROR", binary.errorCode);
-  EXPECT_EQ("curl exit 0 but response not UTF-8", binary.message);
-  // Cut at the limit, inside a character: the message tells the whole length.
-  const DiscoverResult cut = interpretCurlRun({0, 0, "1.1.1.1\n\xC3", 64000000}, 5, direct);
-  EXPECT_EQ("curl exit 0 but no usable IP in response — got 64000000 bytes, head: \"1.1.1.1\n\"",
-            cut.message);
+}
+
+TEST(EgressDiscovery, MessagesQuoteTheHeadOfAReply) {
+  const std::string noAddress = "curl exit 0 but no usable IP in response — got ";
+  EXPECT_EQ(noAddress + "9 bytes, head: \"{not json\"", replied("{not json").message);
+  EXPECT_EQ(noAddress + "0 bytes, head: \"\"", replied("").message);
+  EXPECT_EQ(noAddress + "100 bytes, head: \"" + std::string(80, 'e') + "\"",
+            replied(std::string(100, 'e')).message);
+  EXPECT_EQ("curl exit 0 but response not UTF-8", replied("\x7F\xFF").message);
+  // Cut at the limit, inside a character.
+  EXPECT_EQ(noAddress + "64000000 bytes, head: \"1.1.1.1\n\"",
+            interpretCurlRun({0, 0, "1.1.1.1\n\xC3", 64000000}, 5, direct).message);
 }
 
 TEST(CountryLanguages, TableIsWholeAndLookupIgnoresCase) {
   for (const CountryLang& row : countryLangTable) {
-    const std::string language(row.primary.substr(0, 2));
-    EXPECT_EQ(row.cc, row.primary.substr(3)) << row.cc;
-    EXPECT_TRUE(row.accept.starts_with(std::string(row.primary) + "," + language + ";q=0.9"))
-        << row.accept;
+    const std::string primary(row.primary);
+    EXPECT_EQ(row.cc, primary.substr(3));
+    EXPECT_TRUE(row.accept.starts_with(primary + "," + primary.substr(0, 2) + ";q=0.9")) << row.cc;
     EXPECT_EQ((LanguagePair{row.primary, row.accept}), lookupCountryLang(row.cc));
   }
-  EXPECT_EQ((LanguagePair{"en-GB", "en-GB,en;q=0.9"}), lookupCountryLang("gB"));
-  EXPECT_EQ("fr-BE,fr;q=0.9,nl;q=0.8,en;q=0.7", lookupCountryLang("be").accept);
-  EXPECT_EQ("en-IN,en;q=0.9,hi;q=0.8", lookupCountryLang("in").accept);
+  EXPECT_EQ((LanguagePair{"fr-BE", "fr-BE,fr;q=0.9,nl;q=0.8,en;q=0.7"}), lookupCountryLang("bE"));
   for (const char* code : {"UK", "NG", " DE", "USA", ""}) {
     EXPECT_EQ((LanguagePair{"en-US", "en-US,en;q=0.9"}), lookupCountryLang(code)) << code;
   }
@@ -160,51 +136,35 @@ OverlayKeys overlayWith(const std::string& flags) {
       {'H', &OverlayKeys::geoLngSet},    {'l', &OverlayKeys::autoLang},
       {'L', &OverlayKeys::langSet},      {'M', &OverlayKeys::acceptLanguageSet},
       {'t', &OverlayKeys::autoTimezone}, {'T', &OverlayKeys::timezoneOverrideSet}};
-  for (const auto& [letter, field] : fields) keys.*field = flags.find(letter) != flags.npos;
+  for (const auto& [letter, field] : fields) keys.*field = flags.find(letter) != std::string::npos;
   return keys;
 }
 
 TEST(Persona, DerivesWhatIsAskedForAndNotCarried) {
-  struct Row {
-    const char* flags;
-    bool needsDiscovery;
-    ResolvedPersona persona;
-  };
+  const DiscoverResult reply{"1.1.1.1", 0, 5, "", "", "de", "Z", "52", "13"};
   const std::string list = "de-DE,de;q=0.9,en;q=0.8";
-  const std::vector<Row> rows{
-      {"", false, {}},
-      {"AGHLMT", false, {}},
-      {"a", true, {.resolvedFakeIP = "203.0.113.7"}},
-      {"aA", false, {}},
-      {"g", true, {.resolvedGeoLat = "52.52", .resolvedGeoLng = "13.405"}},
-      {"gG", true, {.resolvedGeoLng = "13.405"}},
-      {"gH", true, {.resolvedGeoLat = "52.52"}},
-      {"gGH", false, {}},
-      {"l", true, {.resolvedLang = "de-DE", .resolvedAcceptLang = list}},
-      {"lL", true, {.resolvedAcceptLang = list}},
-      {"lM", true, {.resolvedLang = "de-DE"}},
-      {"lLM", false, {}},
-      {"t", true, {.resolvedTZ = "Europe/Berlin"}},
-      {"tT", false, {}},
-      {"aglt", true, {"203.0.113.7", "52.52", "13.405", "de-DE", list, "Europe/Berlin"}},
-  };
-  const DiscoverResult reply = found("203.0.113.7", "de", "Europe/Berlin", "52.52", "13.405");
-  for (const Row& row : rows) {
-    const OverlayKeys overlay = overlayWith(row.flags);
-    EXPECT_EQ(row.needsDiscovery, needsDiscovery(overlay)) << row.flags;
-    EXPECT_EQ(row.persona, resolvePersona(overlay, reply)) << row.flags;
-    const bool more = std::string(row.flags).find_first_of("glt") != std::string::npos;
-    EXPECT_EQ(more, wantsMoreThanAddress(overlay)) << row.flags;
+  const std::vector<std::pair<const char*, ResolvedPersona>> rows{
+      {"AGHLMT", {}},
+      {"a", {.resolvedFakeIP = "1.1.1.1"}},
+      {"aA", {}},
+      {"gG", {.resolvedGeoLng = "13"}},
+      {"gH", {.resolvedGeoLat = "52"}},
+      {"gGH", {}},
+      {"lL", {.resolvedAcceptLang = list}},
+      {"lM", {.resolvedLang = "de-DE"}},
+      {"lLM", {}},
+      {"t", {.resolvedTZ = "Z"}},
+      {"tT", {}},
+      {"aglt", {"1.1.1.1", "52", "13", "de-DE", list, "Z"}}};
+  for (const auto& [flags, persona] : rows) {
+    EXPECT_EQ(persona != ResolvedPersona(), needsDiscovery(overlayWith(flags))) << flags;
+    EXPECT_EQ(persona, resolvePersona(overlayWith(flags), reply)) << flags;
+    const bool more = std::string(flags).find_first_of("glt") != std::string::npos;
+    EXPECT_EQ(more, wantsMoreThanAddress(overlayWith(flags))) << flags;
   }
-}
-
-TEST(Persona, WhatTheReplyLacksStaysEmpty) {
-  const OverlayKeys all = overlayWith("aglt");
+  const DiscoverResult poor{"1.1.1.1", 0, 5, "", "", "", "", "52", ""};
   EXPECT_EQ((ResolvedPersona{.resolvedFakeIP = "1.1.1.1"}),
-            resolvePersona(all, found("1.1.1.1", "", "", "52.52", "")));
-  const ResolvedPersona unknown = resolvePersona(all, found("1.1.1.1", "NG"));
-  EXPECT_EQ("en-US", unknown.resolvedLang);
-  EXPECT_EQ("en-US,en;q=0.9", unknown.resolvedAcceptLang);
+            resolvePersona(overlayWith("aglt"), poor));
 }
 
 }  // namespace

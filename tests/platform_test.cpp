@@ -17,7 +17,6 @@ namespace quillon::platform {
 namespace {
 
 using namespace std::chrono_literals;
-using tests::contentOf;
 using tests::TemporaryFolder;
 
 std::string nested(std::size_t depth) {
@@ -64,31 +63,25 @@ TEST(Json, NumbersHaveDefinedTexts) {
     const char* json;
     const char* text;
     const char* integerPart;
-    bool nonZero;
   };
   const std::vector<Row> rows{
-      {"0", "0", "0", false},
-      {"-0", "0", "0", false},
-      {"-0.0", "-0", "0", false},
-      {"0.5", "0.5", "0", true},
-      {"-0.5", "-0.5", "0", true},
-      {"52.52", "52.52", "52", true},
-      {"100.0", "100", "100", true},
-      {"1e5", "100000", "100000", true},
-      {"1e-7", "0.0000001", "0", true},
-      {"9222.9", "9222.9", "9222", true},
-      {"-9223372036854775808", "-9223372036854775808", "-9223372036854775808", true},
-      {"18446744073709551615", "18446744073709551615", "18446744073709551615", true},
-      {"18446744073709551616", "18446744073709551616", "18446744073709551616", true},
-  };
-  for (const Row& row : rows) {
-    const auto object = parseJsonObject("{\"n\":" + std::string(row.json) + "}");
-    ASSERT_TRUE(object) << row.json;
-    const auto* number = object->find<JsonNumber>("n");
-    ASSERT_NE(nullptr, number) << row.json;
-    EXPECT_EQ(row.text, numberText(*number));
-    EXPECT_EQ(row.integerPart, integerPartText(*number)) << row.json;
-    EXPECT_EQ(row.nonZero, isNonZero(*number)) << row.json;
+      {"0", "0", "0"},
+      {"-0.0", "-0", "0"},
+      {"-0.5", "-0.5", "0"},
+      {"52.52", "52.52", "52"},
+      {"100.0", "100", "100"},
+      {"1e-7", "0.0000001", "0"},
+      {"9222.9", "9222.9", "9222"},
+      {"-9223372036854775808", "-9223372036854775808", "-9223372036854775808"},
+      {"18446744073709551615", "18446744073709551615", "18446744073709551615"},
+      {"18446744073709551616", "18446744073709551616", "18446744073709551616"}};
+  for (const auto& [json, text, integerPart] : rows) {
+    const auto object = parseJsonObject("{\"n\":" + std::string(json) + "}");
+    ASSERT_TRUE(object) << json;
+    const JsonNumber& number = *object->find<JsonNumber>("n");
+    EXPECT_EQ(text, numberText(number));
+    EXPECT_EQ(integerPart, integerPartText(number)) << json;
+    EXPECT_EQ(std::stod(text) != 0, isNonZero(number)) << json;
   }
 }
 
@@ -100,25 +93,14 @@ TEST(Json, CompactTextHasNoBlanksAndReadsBack) {
 }
 
 TEST(Text, CountsAndCutsUserPerceivedCharacters) {
-  struct Row {
-    std::string text;
-    std::size_t characters;
-    std::string firstTwo;
-  };
-  const std::vector<Row> rows{
-      {"", 0, ""},
-      {"a", 1, "a"},
-      {"abc", 3, "ab"},
-      {"e\u0301x\u0301y", 3, "e\u0301x\u0301"},
-      {"\U0001F468\u200D\U0001F469\u200D\U0001F467!?", 3,
-       "\U0001F468\u200D\U0001F469\u200D\U0001F467!"},
-      {"\U0001F1E9\U0001F1EA\U0001F1EB\U0001F1F7x", 3, "\U0001F1E9\U0001F1EA\U0001F1EB\U0001F1F7"},
-      {"\r\n\r\nx", 3, "\r\n\r\n"},
-      {"\xFF\xFEz", 3, "\xFF\xFE"},
-  };
-  for (const Row& row : rows) {
-    EXPECT_EQ(row.characters, characterCount(row.text, 100)) << row.text;
-    EXPECT_EQ(row.firstTwo, firstCharacters(row.text, 2)) << row.text;
+  const std::string family = "\U0001F468\u200D\U0001F469\u200D\U0001F467";
+  const std::string flags = "\U0001F1E9\U0001F1EA\U0001F1EB\U0001F1F7";
+  // The first two of three characters each.
+  for (const std::string& two : {std::string("ab"), std::string("e\u0301x\u0301"), family + "!",
+                                 flags, std::string("\r\n\r\n"), std::string("\xFF\xFE")}) {
+    EXPECT_EQ(3U, characterCount(two + "y", 100)) << two;
+    EXPECT_EQ(two, firstCharacters(two + "y", 2));
+    EXPECT_EQ(two, firstCharacters(two, 3));
   }
   EXPECT_EQ(5U, characterCount(std::string(1000, 'x'), 5));
 }
@@ -185,11 +167,8 @@ TEST(Bundle, BelongsToTheFolderAboveContents) {
   const Bundle inside = bundleOf("/Apps/Nimbra.app/Contents/MacOS/Nimbra");
   EXPECT_EQ("/Apps/Nimbra.app", inside.location);
   EXPECT_EQ("/Apps/Nimbra.app/Contents/Resources", inside.resources);
-  for (const char* executable : {"/usr/bin/Nimbra", "/a/MacOS/Nimbra", "/Contents/x/Nimbra"}) {
-    const Path own = Path(executable).parent_path();
-    EXPECT_EQ(own, bundleOf(executable).location);
-    EXPECT_EQ(own, bundleOf(executable).resources);
-  }
+  EXPECT_EQ("/a/MacOS", bundleOf("/a/MacOS/Nimbra").location);
+  EXPECT_EQ("/a/MacOS", bundleOf("/a/MacOS/Nimbra").resources);
 }
 
 ChildRun runShell(const std::string& script, std::chrono::milliseconds limit = 10s) {

@@ -11,11 +11,13 @@ namespace {
 
 using tests::Path;
 using tests::TemporaryFolder;
+using Items = std::set<std::string>;
+namespace fs = std::filesystem;
 
-const std::vector<std::string> tabItems{"Default/Current Tabs", "Default/Current Session",
-                                        "Default/Last Tabs", "Default/Last Session",
-                                        "Default/Sessions"};
-const std::map<std::string, std::vector<std::string>> itemsOfKeys{
+const std::map<std::string, Items> itemsOfKeys{
+    {"(tabs)",
+     {"Default/Current Tabs", "Default/Current Session", "Default/Last Tabs",
+      "Default/Last Session", "Default/Sessions"}},
     {"cookies",
      {"Default/Cookies", "Default/Cookies-journal", "Default/Network/Cookies",
       "Default/Network/Cookies-journal"}},
@@ -24,98 +26,71 @@ const std::map<std::string, std::vector<std::string>> itemsOfKeys{
     {"local_storage", {"Default/Local Storage"}},
     {"shader_cache", {"ShaderCache", "GraphiteDawnCache", "Default/GPUCache"}},
     {"websql", {"Default/databases"}},
-    {"service_workers", {"Default/Service Worker"}},
+    {"service_workers", {"Default/Service Worker", "Default/Service Worker/CacheStorage"}},
     {"cache_storage", {"Default/Service Worker/CacheStorage"}},
     {"interest_groups", {"Default/InterestGroups"}},
     {"shared_storage", {"Default/Shared Storage", "Default/Shared Storage-journal"}},
     {"storage_buckets", {"Default/StorageBuckets"}},
-};
+    // Names that look like those above and are none.
+    {"(kept)",
+     {"Cookies", "IndexedDB", "Sessions", "GPUCache", "Default/ShaderCache", "Default/cookies",
+      "Network/Cookies", "Default/Network/Kept", "Local State"}}};
 
-/// Items that look like those of the lists and are none.
-const std::vector<std::string> keptItems{
-    "Cookies",      "IndexedDB",           "Sessions",
-    "GPUCache",     "Default/ShaderCache", "Default/cookies",
-    "Default/Tabs", "Network/Cookies",     "Default/Network/Kept",
-    "Local State"};
-
-/// A profile with every item that hygiene knows, each a folder with contents, and the kept ones.
+/// A profile with every item, each a folder with contents.
 void fill(const TemporaryFolder& profile) {
-  const auto addAll = [&](const std::vector<std::string>& items) {
+  for (const auto& [key, items] : itemsOfKeys) {
     for (const std::string& item : items) profile.write(Path(item) / "deep/file", item);
-  };
-  addAll(tabItems);
-  for (const auto& [key, items] : itemsOfKeys) addAll(items);
-  addAll(keptItems);
+  }
 }
 
-/// The known items that are gone.
-std::set<std::string> removedFrom(const TemporaryFolder& profile) {
-  std::set<std::string> removed;
-  const auto addMissing = [&](const std::vector<std::string>& items) {
+/// The items that are gone.
+Items removedFrom(const TemporaryFolder& profile) {
+  Items removed;
+  for (const auto& [key, items] : itemsOfKeys) {
     for (const std::string& item : items) {
       if (!profile.has(item)) removed.insert(item);
     }
-  };
-  addMissing(tabItems);
-  for (const auto& [key, items] : itemsOfKeys) addMissing(items);
-  addMissing(keptItems);
-  return removed;
-}
-
-std::set<std::string> itemsOf(const std::vector<std::string>& keys) {
-  std::set<std::string> items;
-  for (const std::string& key : keys) {
-    items.insert(itemsOfKeys.at(key).begin(), itemsOfKeys.at(key).end());
   }
-  return items;
+  return removed;
 }
 
 TEST(PreviousTabs, RemovesTheFiveItemsAndNothingElse) {
   const TemporaryFolder profile;
   fill(profile);
   clearPreviousTabs(profile.path());
-  EXPECT_EQ((std::set<std::string>{tabItems.begin(), tabItems.end()}), removedFrom(profile));
-  clearPreviousTabs(profile.path());
-  clearPreviousTabs("");
+  EXPECT_EQ(itemsOfKeys.at("(tabs)"), removedFrom(profile));
   clearPreviousTabs(profile.path() / "missing");
 }
 
 TEST(StorageReset, RemovesWhatItsKeysSelect) {
-  struct Row {
-    std::map<std::string, bool> reset;
-    std::set<std::string> removed;
-  };
-  std::set<std::string> everything;
-  std::vector<Row> rows;
+  using Reset = std::map<std::string, bool>;
+  Items everything;
+  std::vector<std::pair<Reset, Items>> rows{
+      {{{"all", false}, {"cookies", true}}, itemsOfKeys.at("cookies")},
+      {{{"service_workers", true}, {"cache_storage", true}}, itemsOfKeys.at("service_workers")},
+      {{{"cookies", false}, {"file_system", true}, {"Cookies", true}}, {}},
+      {{}, {}}};
   for (const auto& [key, items] : itemsOfKeys) {
+    if (key.starts_with('(')) continue;
+    rows.push_back({{{key, true}}, items});
     everything.insert(items.begin(), items.end());
-    std::set<std::string> removed(items.begin(), items.end());
-    if (key == "service_workers") removed.insert("Default/Service Worker/CacheStorage");
-    rows.push_back({{{key, true}}, removed});
   }
   rows.push_back({{{"all", true}, {"cookies", false}}, everything});
-  rows.push_back({{{"all", false}, {"cookies", true}}, itemsOf({"cookies"})});
-  rows.push_back({{{"websql", true}, {"indexeddb", true}}, itemsOf({"websql", "indexeddb"})});
-  rows.push_back({{{"service_workers", true}, {"cache_storage", true}},
-                  itemsOf({"service_workers", "cache_storage"})});
-  rows.push_back({{{"cookies", false}, {"file_system", true}, {"Cookies", true}}, {}});
-  rows.push_back({{}, {}});
-  for (const Row& row : rows) {
+  for (const auto& [reset, removed] : rows) {
     const TemporaryFolder profile;
     fill(profile);
-    resetGranularStorage(profile.path(), row.reset);
-    EXPECT_EQ(row.removed, removedFrom(profile)) << row.reset.begin()->first;
+    resetGranularStorage(profile.path(), reset);
+    EXPECT_EQ(removed, removedFrom(profile)) << reset.begin()->first;
   }
 }
 
 TEST(StorageReset, LinksAreRemovedAsLinksAndNeverFollowed) {
   const TemporaryFolder outside;
   outside.write("Cookies", "kept");
-  outside.write("CacheStorage/file", "kept");
   const TemporaryFolder profile;
   profile.write("Default/IndexedDB/file", "x");
   const auto link = [&](const Path& target, const char* name) {
-    std::filesystem::create_symlink(target, profile.path() / name);
+    fs::create_symlink(target, profile.path() / name);
   };
   link(outside.path(), "ShaderCache");
   link(outside.path() / "Cookies", "Default/Cookies");
@@ -130,21 +105,20 @@ TEST(StorageReset, LinksAreRemovedAsLinksAndNeverFollowed) {
   }
   EXPECT_TRUE(profile.has("Default/Network"));
   EXPECT_TRUE(outside.has("Cookies"));
-  EXPECT_TRUE(outside.has("CacheStorage/file"));
 }
 
 TEST(StorageReset, LinkToTheProfileIsFollowedButNotALinkedDefault) {
   const TemporaryFolder elsewhere;
   fill(elsewhere);
   const TemporaryFolder folder;
-  std::filesystem::create_symlink(elsewhere.path(), folder.path() / "profile");
-  std::filesystem::create_directory(folder.path() / "other");
-  std::filesystem::create_symlink(elsewhere.path() / "Default", folder.path() / "other/Default");
+  fs::create_symlink(elsewhere.path(), folder.path() / "profile");
+  fs::create_directory(folder.path() / "other");
+  fs::create_symlink(elsewhere.path() / "Default", folder.path() / "other/Default");
   resetGranularStorage(folder.path() / "other", {{"websql", true}});
   clearPreviousTabs(folder.path() / "other");
-  EXPECT_TRUE(removedFrom(elsewhere).empty());
+  EXPECT_EQ(Items(), removedFrom(elsewhere));
   resetGranularStorage(folder.path() / "profile", {{"websql", true}});
-  EXPECT_EQ(itemsOf({"websql"}), removedFrom(elsewhere));
+  EXPECT_EQ(itemsOfKeys.at("websql"), removedFrom(elsewhere));
 }
 
 /// Read-only folders do not stop the superuser: nobody works as one while this object stands.
@@ -164,26 +138,22 @@ class OrdinaryUser {
 
 TEST(StorageReset, WhatCannotBeRemovedDoesNotKeepTheRest) {
   const OrdinaryUser user;
-  const TemporaryFolder file;
-  file.write("profile", "a file");
-  resetGranularStorage(file.path() / "profile", {{"all", true}});
-  EXPECT_EQ("a file", tests::contentOf(file.path() / "profile"));
   const TemporaryFolder profile;
   fill(profile);
-  const Path locked = profile.path() / "Default/Cookies";
-  std::filesystem::permissions(locked, std::filesystem::perms::owner_read);
   profile.write("Default/Local Storage/a/file", "x");
   profile.write("Default/Local Storage/z/file", "x");
-  const Path full = profile.path() / "Default/Local Storage/deep";
-  std::filesystem::permissions(full, std::filesystem::perms::owner_read);
+  const std::vector<Path> locked{profile.path() / "Default/Cookies",
+                                 profile.path() / "Default/Local Storage/deep"};
+  for (const Path& folder : locked) fs::permissions(folder, fs::perms::owner_read);
   resetGranularStorage(profile.path(), {{"all", true}});
-  std::filesystem::permissions(locked, std::filesystem::perms::owner_all);
-  std::filesystem::permissions(full, std::filesystem::perms::owner_all);
-  EXPECT_TRUE(profile.has("Default/Cookies"));
-  EXPECT_TRUE(profile.has("Default/Local Storage/deep/file"));
-  EXPECT_FALSE(profile.has("Default/Local Storage/a"));
-  EXPECT_FALSE(profile.has("Default/Local Storage/z"));
-  EXPECT_FALSE(profile.has("Default/StorageBuckets"));
+  for (const Path& folder : locked) {
+    fs::permissions(folder, fs::perms::owner_all);
+    EXPECT_FALSE(fs::is_empty(folder)) << folder;
+  }
+  for (const char* item :
+       {"Default/Local Storage/a", "Default/Local Storage/z", "Default/StorageBuckets"}) {
+    EXPECT_FALSE(profile.has(item)) << item;
+  }
 }
 
 }  // namespace

@@ -40,15 +40,11 @@ TEST(ReportText, MembersInTheirOrder) {
       "\"elapsed_ms\":-3,\"provider\":\"p\",\"error_code\":\"e\",\"message\":\"\\\"m\\\"\","
       "\"launcher_version\":\"v\"}\n",
       launchResultText({"s", "i", "c", "p", "z", -3, "1", "2", "l", "a", "e", "\"m\"", "v"}, "T"));
-  EXPECT_EQ(
-      "{\"schema\":1,\"ts\":\"T\",\"step\":\"s\",\"error_code\":\"e\",\"message\":\"m\","
-      "\"proxy\":\"\",\"discovery_url\":\"u\",\"curl_exit_code\":0,\"elapsed_ms\":4,"
-      "\"launcher_version\":\"v\"}\n",
-      launchErrorText({"s", "e", "m", "", "u", 0, 4, "v"}, "T"));
-  EXPECT_EQ(
-      "{\"schema\":1,\"ts\":\"T\",\"step\":\"s\",\"error_code\":\"e\",\"message\":\"m\","
-      "\"elapsed_ms\":4,\"launcher_version\":\"v\"}\n",
-      launchErrorText({"s", "e", "m", {}, {}, {}, 4, "v"}, "T"));
+  const std::string start = R"({"schema":1,"ts":"T","step":"s","error_code":"e","message":"m",)";
+  const std::string end = "\"elapsed_ms\":4,\"launcher_version\":\"v\"}\n";
+  EXPECT_EQ(start + R"("proxy":"","discovery_url":"u","curl_exit_code":0,)" + end,
+            launchErrorText({"s", "e", "m", "", "u", 0, 4, "v"}, "T"));
+  EXPECT_EQ(start + end, launchErrorText({"s", "e", "m", {}, {}, {}, 4, "v"}, "T"));
 }
 
 TEST(ReportFile, IsReplacedWholeOrLeftAlone) {
