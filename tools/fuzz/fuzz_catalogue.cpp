@@ -23,7 +23,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto* entries = profile.value.as<platform::JsonObject>();
     require(switches.size() <= (entries == nullptr ? 0 : entries->members().size()));
     for (const std::string& text : switches) {
-      require(text.starts_with("--") && !text.starts_with("--_") && !text.ends_with("="));
+      require(text.starts_with("--") && !text.starts_with("--_"));
+      require(text.find('=') < text.size() - 1);
       require(platform::isPassableArgument(text) && platform::isValidUtf8(text));
     }
   }
