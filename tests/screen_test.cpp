@@ -15,7 +15,6 @@
 #include "build_identity.h"
 #include "launch_fixture.h"
 #include "platform/ui/backend.h"
-#include "silent_server.h"
 #include "splash/colors.h"
 
 /// Launches with a real window, looked at from outside: to be run by scripts/with-screen and
@@ -263,8 +262,7 @@ TEST(Screen, BlockedLaunchShowsWhyInAWindowOfExactSizePlaceAndColours) {
 TEST(Screen, ClosingTheHugeWindowDuringDiscoveryEndsTheLaunch) {
   std::string keys;
   for (int i = 0; i < 5000; ++i) keys += ",\"key" + std::to_string(i) + "\":true";
-  const SilentServer proxy;
-  ScreenLaunch running(overlayWith(proxy.asProxy(), keys), {});
+  ScreenLaunch running(overlayWith(std::getenv("QUILLON_SILENT_PROXY"), keys), {});
   const std::string window = running.window();
   expectAll(propertiesOf(window), {"maximum size: 460 by 32512"});
   const Outcome outcome = running.endBy("alt+F4");
