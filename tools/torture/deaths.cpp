@@ -1,8 +1,7 @@
 // Kills launches at random moments.
 
-#include <signal.h>
-
 #include <chrono>
+#include <csignal>
 #include <random>
 #include <thread>
 

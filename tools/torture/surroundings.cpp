@@ -83,7 +83,8 @@ void becomeNobody(const Trial& /*trial*/) {
 
 void openToNobody(const Trial& trial, Execution& /*execution*/) {
   fs::permissions(trial.folder(), fs::perms(0755));
-  std::ofstream(trial.folder() / "engine-log");
+  std::ofstream log(trial.folder() / "engine-log");
+  log.close();
   fs::permissions(trial.folder() / "engine-log", fs::perms(0666));
 }
 
@@ -157,7 +158,7 @@ void runInThePast(const std::string& overlay, Tally& tally) {
   execution.environment.push_back("LD_PRELOAD=" + library.native());
   const int status = waitForAll(start(execution, [] {}));
   const auto report = platform::readFile(execution.profile / ".quillon-launcher-result.json");
-  const bool isDated = report && report->find("\"ts\":\"1980-01-01T") != std::string::npos;
+  const bool isDated = report && report->find(R"("ts":"1980-01-01T)") != std::string::npos;
   tally.add("time set back",
             {outcomeComplaint(status, trial.engineStarts() - 1), trial.leftoverComplaint(),
              isDated ? std::optional<std::string>() : "the report has another date"});
