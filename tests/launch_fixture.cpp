@@ -74,8 +74,9 @@ Launch::Launch(const std::string& overlay)
   profile.write("command-line.json", overlay);
   arguments = {"--user-data-dir=" + profile.path().native()};
   environment = {"HOME=" + home.path().native(), "PATH=/usr/bin:/bin"};
-  if (const char* bundle = std::getenv("CURL_CA_BUNDLE")) {
-    environment.push_back(std::string("CURL_CA_BUNDLE=") + bundle);
+  for (const char* name : {"CURL_CA_BUNDLE", "TSAN_OPTIONS"}) {
+    const char* value = std::getenv(name);
+    if (value != nullptr) environment.push_back(std::string(name) + "=" + value);
   }
 }
 
