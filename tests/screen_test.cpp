@@ -150,7 +150,9 @@ class ScreenLaunch {
   ScreenLaunch(const std::string& overlay, const std::vector<std::string>& environment)
       : launch(overlay) {
     while (!firstWindow().empty()) std::this_thread::sleep_for(10ms);
-    launch.environment.push_back(std::string("DISPLAY=") + std::getenv("DISPLAY"));
+    for (const char* name : {"DISPLAY", "NO_AT_BRIDGE"}) {
+      launch.environment.push_back(std::string(name) + "=" + std::getenv(name));
+    }
     launch.environment.insert(launch.environment.begin(), environment.begin(), environment.end());
     outcome_ = std::async(std::launch::async, [this] { return launch.run(); });
   }
