@@ -13,7 +13,8 @@ namespace quillon::platform {
 /// Main memory in bytes; 0 when the system does not tell.
 [[nodiscard]] std::uint64_t physicalMemory();
 
-/// Processors in use by the system, as a browser would count them; 0 when it does not tell.
+/// Processors that this process and its children may run on, as a browser counts them; 0 when the
+/// system does not tell or has more than 1,024.
 [[nodiscard]] int activeProcessorCount();
 
 /// The user's home folder: HOME when it is set and not empty, else the user database's; "/" when

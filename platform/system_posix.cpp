@@ -18,11 +18,6 @@ std::uint64_t physicalMemory() {
   return static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(pageBytes);
 }
 
-int activeProcessorCount() {
-  const long count = ::sysconf(_SC_NPROCESSORS_ONLN);
-  return count > 0 ? static_cast<int>(count) : 0;
-}
-
 Path homeFolder() {
   const auto home = startEnvironment().value("HOME");
   if (home && !home->empty()) return *home;
