@@ -23,6 +23,7 @@ struct Backend {
   /// outlive the event loop.
   void (*showWindow)(Window& window);
   void (*updateWindow)(const Window& window);
+  /// Handles the events that have come in, then takes the window off the screen before it returns.
   void (*hideWindow)(const Window& window);
   /// Brings the application's shown windows in front of those of other applications.
   void (*activate)();

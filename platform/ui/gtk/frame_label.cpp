@@ -1,6 +1,7 @@
 #include "platform/ui/gtk/frame_label.h"
 
 #include <cmath>
+#include <string>
 
 namespace quillon::platform::ui {
 namespace {
@@ -112,7 +113,7 @@ GtkWidget* makeFrameLabel(const Label& label) {
   return widget;
 }
 
-void setFrameLabelText(GtkWidget* frameLabel, const std::string& text) {
+void setFrameLabelText(GtkWidget* frameLabel, std::string_view text) {
   gtk_label_set_text(GTK_LABEL(frameLabel), displayText(text).get());
 }
 
@@ -121,8 +122,13 @@ void setFrameLabelColor(GtkWidget* frameLabel, Color color) {
   gtk_widget_queue_draw(frameLabel);
 }
 
-OwnedText displayText(const std::string& text) {
-  return OwnedText(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
+OwnedText displayText(std::string_view text, std::size_t longest) {
+  std::string shortened(text.substr(0, longest));
+  if (text.size() > longest) {
+    shortened.resize(longest / 2);
+    shortened.append("…").append(text.substr(text.size() - longest / 2));
+  }
+  return OwnedText(g_utf8_make_valid(shortened.data(), static_cast<gssize>(shortened.size())));
 }
 
 void setSource(cairo_t* context, Color color) {

@@ -2,7 +2,8 @@
 
 #include <gtk/gtk.h>
 
-#include <string>
+#include <cstddef>
+#include <string_view>
 
 #include "platform/ui/gtk/owners.h"
 #include "platform/ui/window.h"
@@ -15,12 +16,13 @@ namespace quillon::platform::ui {
 /// the container, which gets the only (floating) reference.
 [[nodiscard]] GtkWidget* makeFrameLabel(const Label& label);
 
-void setFrameLabelText(GtkWidget* frameLabel, const std::string& text);
+void setFrameLabelText(GtkWidget* frameLabel, std::string_view text);
 void setFrameLabelColor(GtkWidget* frameLabel, Color color);
 
 /// The text as the toolkit takes it: valid UTF-8 without NUL, each offending byte replaced by
-/// U+FFFD.
-[[nodiscard]] OwnedText displayText(const std::string& text);
+/// U+FFFD, and without the middle of what is longer than `longest` bytes. One character may have
+/// very many code points, and the time to shape them grows with the square of their number.
+[[nodiscard]] OwnedText displayText(std::string_view text, std::size_t longest = 1024);
 
 /// Makes this the source that everything is drawn with.
 void setSource(cairo_t* context, Color color);

@@ -1,10 +1,15 @@
+#include <unistd.h>
+
+#include <cstdlib>
 #include <map>
 #include <string_view>
 
 #include "build_identity.h"
 #include "platform/ui/backend.h"
+#include "platform/ui/gtk/lost_display.h"
 #include "platform/ui/gtk/screen_alert.h"
 #include "platform/ui/gtk/screen_window.h"
+#include "platform/ui/gtk/silenced_standard_error.h"
 
 namespace quillon::platform::ui {
 namespace {
@@ -34,12 +39,25 @@ void silenceToolkit() {
   g_set_printerr_handler([](const char*) {});
 }
 
-bool connect(void (*runPostedTasks)()) {
-  silenceToolkit();
-  screen().runPostedTasks = runPostedTasks;
+bool initializeToolkit() {
+  const SilencedStandardError silenced;
   // Numbers and system messages look the same with and without a window.
   gtk_disable_setlocale();
   return gtk_init_check(nullptr, nullptr) != FALSE;
+}
+
+/// Who cuts the connection has closed what is shown. For an alert, the process has failed anyway.
+void leaveWithoutDisplay() {
+  for (auto& [plain, shown] : screen().windows) shown.closedFromOutside();
+  ::_exit(EXIT_FAILURE);
+}
+
+bool connect(void (*runPostedTasks)()) {
+  silenceToolkit();
+  screen().runPostedTasks = runPostedTasks;
+  if (!initializeToolkit()) return false;
+  setLostDisplayHandler(leaveWithoutDisplay);
+  return true;
 }
 
 gboolean runPostedTasksOnce(void*) {

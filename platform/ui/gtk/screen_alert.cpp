@@ -35,7 +35,9 @@ void boundParagraphs(GtkLabel* label) {
 OwnedTopLevel buildAlert(const Alert& alert, ActivationPolicy policy) {
   constexpr int topMargin = 12;
   const OwnedText message = displayText(alert.messageText);
-  const OwnedText informative = displayText(firstParagraphs(alert.informativeText));
+  constexpr std::size_t longestInformation = 4096;
+  const OwnedText informative =
+      displayText(firstParagraphs(alert.informativeText), longestInformation);
   GtkWidget* const dialog = gtk_message_dialog_new(nullptr, GTK_DIALOG_MODAL, GTK_MESSAGE_ERROR,
                                                    GTK_BUTTONS_NONE, "%s", message.get());
   auto* const messageDialog = GTK_MESSAGE_DIALOG(dialog);

@@ -125,7 +125,15 @@ void ScreenWindow::update() {
 }
 
 void ScreenWindow::hide() {
+  // Whoever closed the window before this moment has closed it.
+  while (gtk_events_pending()) gtk_main_iteration_do(FALSE);
   gtk_widget_hide(topLevel_.get());
+  gdk_display_sync(gtk_widget_get_display(topLevel_.get()));
+}
+
+void ScreenWindow::closedFromOutside() {
+  const bool isShown = gtk_widget_get_visible(topLevel_.get());
+  if (isShown && window_.delegate != nullptr) window_.delegate->windowWillClose();
 }
 
 void ScreenWindow::raise() {

@@ -21,7 +21,11 @@ class ScreenWindow {
   void show();
   /// Mirrors what has changed; nothing while hidden.
   void update();
+  /// Handles the events that have come in, the closing of the window among them, and returns once
+  /// the window is off the screen.
   void hide();
+  /// Tells the window's delegate that the window has been closed; nothing while hidden.
+  void closedFromOutside();
   /// In front of other windows; nothing while hidden.
   void raise();
 
