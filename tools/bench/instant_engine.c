@@ -1,2 +1,4 @@
 // An engine that has nothing to do: both sides of a comparison start it.
-int main(void) { return 0; }
+int main(void) {
+  return 0;
+}

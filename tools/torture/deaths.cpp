@@ -37,6 +37,7 @@ int runDeaths(const std::optional<std::string>& proxy, int count) {
     (void)waitForAll(killed);
     const auto afterDeath = trial.reportComplaint();
     const std::size_t starts = trial.engineStarts();
+    trial.removeResult();
     const int status = waitForAll(trial.start());
     const auto nextLaunch = trial.hasResult() ? std::optional<std::string>() : "no result";
     tally.add("death " + std::to_string(i),

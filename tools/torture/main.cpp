@@ -18,7 +18,11 @@ int main(int count, char* arguments[]) {
   const std::string_view mode = count > 2 ? arguments[2] : "";
   const int rounds = count > 3 ? std::atoi(arguments[3]) : 0;
   std::optional<std::string> proxy;
-  if (mode == "windowed") proxy = std::getenv("QUILLON_PROXY");
+  if (mode == "windowed") {
+    const char* given = std::getenv("QUILLON_PROXY");
+    if (given == nullptr) return 2;
+    proxy = given;
+  }
   std::setvbuf(stdout, nullptr, _IOLBF, 0);
   adoptOrphans();
   if (kind == "faults") return runFaults(proxy);

@@ -134,6 +134,10 @@ bool Trial::hasResult() const {
   return fs::exists(folder_ / "profile" / resultName);
 }
 
+void Trial::removeResult() const {
+  fs::remove(folder_ / "profile" / resultName);
+}
+
 std::optional<std::string> Trial::reportComplaint() const {
   for (const Path& folder : reportFolders(folder_)) {
     for (const char* name : {resultName, errorName}) {

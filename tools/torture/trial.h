@@ -60,6 +60,7 @@ class Trial {
   [[nodiscard]] std::optional<std::string> leftoverComplaint() const;
   [[nodiscard]] std::optional<std::string> outsideComplaint() const;
   [[nodiscard]] bool hasResult() const;
+  void removeResult() const;
 
   [[nodiscard]] const Path& folder() const { return folder_; }
 
