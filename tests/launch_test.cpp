@@ -119,16 +119,6 @@ TEST(PassthroughLaunch, WithoutAProfileTheReportGoesToTheUsersFolder) {
   }
 }
 
-TEST(PassthroughLaunch, BadOverlaysGiveTheDefaults) {
-  for (const std::string& rest :
-       {std::string("tru}"), std::string("true,\"x\":\"\xFF\"}"), std::string("1,\"x\":1e999}"),
-        "true,\"x\":" + std::string(100000, '[')}) {
-    const Launch launch("{\"auto-geo\":" + rest);
-    EXPECT_EQ(0, launch.run().status);
-    EXPECT_EQ("passthrough", reportMember(launch.resultFile(), "status")) << rest.substr(0, 40);
-  }
-}
-
 TEST(FatalReport, NamesTheEngineAndLeavesTheResultFile) {
   const Path bundle = Path(NIMBRA_EXECUTABLE).parent_path().parent_path().parent_path();
   const std::vector<std::pair<std::string, std::string>> rows{
