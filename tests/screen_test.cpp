@@ -25,6 +25,12 @@ namespace {
 using namespace std::chrono_literals;
 using platform::ui::Color;
 
+/// A variable that with-screen or with-peers sets.
+std::string given(const char* name) {
+  const char* value = std::getenv(name);
+  return value == nullptr ? "" : value;
+}
+
 std::string outputOf(const std::string& command) {
   const std::unique_ptr<FILE, int (*)(FILE*)> pipe(::popen((command + " 2>&1").c_str(), "r"),
                                                    ::pclose);
@@ -54,11 +60,12 @@ class Picture {
 
   /// False when the window has gone.
   [[nodiscard]] bool isValid() const {
-    return width > 0 && bytes_.size() == static_cast<std::size_t>(3 * width * height);
+    return width > 0 && static_cast<int>(bytes_.size()) == 3 * width * height;
   }
   [[nodiscard]] Color at(int x, int y) const {
-    const auto* pixel = reinterpret_cast<const unsigned char*>(
-        &bytes_[static_cast<std::size_t>(3 * (y * width + x))]);
+    const auto place =
+        static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x);
+    const auto* pixel = reinterpret_cast<const unsigned char*>(&bytes_[3 * place]);
     return {pixel[0], pixel[1], pixel[2]};
   }
 
@@ -151,7 +158,7 @@ class ScreenLaunch {
       : launch(overlay) {
     while (!firstWindow().empty()) std::this_thread::sleep_for(10ms);
     for (const char* name : {"DISPLAY", "NO_AT_BRIDGE"}) {
-      launch.environment.push_back(std::string(name) + "=" + std::getenv(name));
+      launch.environment.push_back(std::string(name) + "=" + given(name));
     }
     launch.environment.insert(launch.environment.begin(), environment.begin(), environment.end());
     outcome_ = std::async(std::launch::async, [this] { return launch.run(); });
@@ -200,7 +207,7 @@ std::string overlayWith(const std::string& proxy, const std::string& more = "") 
 constexpr const char* deadProxy = "socks5://127.0.0.1:1";
 
 TEST(Screen, SuccessfulLaunchTicksOffItsStepsInOrderAtDoubleScale) {
-  ScreenLaunch running(overlayWith(std::getenv("QUILLON_PROXY")), {"GDK_SCALE=2"});
+  ScreenLaunch running(overlayWith(given("QUILLON_PROXY")), {"GDK_SCALE=2"});
   const std::string window = running.window();
   std::vector<int> ticked;
   while (running.isRunning(1ms)) {
@@ -262,7 +269,7 @@ TEST(Screen, BlockedLaunchShowsWhyInAWindowOfExactSizePlaceAndColours) {
 TEST(Screen, ClosingTheHugeWindowDuringDiscoveryEndsTheLaunch) {
   std::string keys;
   for (int i = 0; i < 5000; ++i) keys += ",\"key" + std::to_string(i) + "\":true";
-  ScreenLaunch running(overlayWith(std::getenv("QUILLON_SILENT_PROXY"), keys), {});
+  ScreenLaunch running(overlayWith(given("QUILLON_SILENT_PROXY"), keys), {});
   const std::string window = running.window();
   expectAll(propertiesOf(window), {"maximum size: 460 by 32512"});
   const Outcome outcome = running.endBy("alt+F4");

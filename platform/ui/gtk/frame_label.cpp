@@ -7,6 +7,7 @@ namespace quillon::platform::ui {
 namespace {
 
 /// What the toolkit allocates for one widget: the label, then what we add to it.
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): the toolkit sets it up.
 struct FrameLabel {
   GtkLabel label;
   Color color;
