@@ -2,7 +2,6 @@
 
 #include "discovery/country_languages.h"
 #include "discovery/egress_discovery.h"
-#include "discovery/endpoints.h"
 #include "discovery/persona.h"
 #include "launch_fixture.h"
 
@@ -117,12 +116,6 @@ TEST(CountryLanguages, TableIsWholeAndLookupIgnoresCase) {
   for (const char* code : {"UK", "NG", " DE", "USA", ""}) {
     EXPECT_EQ((LanguagePair{"en-US", "en-US,en;q=0.9"}), lookupCountryLang(code)) << code;
   }
-}
-
-TEST(Endpoints, ProviderIsTheLabelLeftOfTheTopLevelDomain) {
-  EXPECT_EQ("quillon", providerLabel("geoip.quillon.example"));
-  EXPECT_EQ("a", providerLabel("a.example"));
-  EXPECT_EQ("localhost", providerLabel("localhost"));
 }
 
 /// Flags that an overlay sets, by letter: a WebRTC, g geo, l language, t timezone; the upper-case

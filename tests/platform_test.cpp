@@ -6,7 +6,6 @@
 #include <csignal>
 
 #include "launch_fixture.h"
-#include "platform/bundle.h"
 #include "platform/dispatch.h"
 #include "platform/files.h"
 #include "platform/json.h"
@@ -152,14 +151,6 @@ TEST(Files, RemovesDeepTreesWithFewDescriptorsAndKeepsLinkTargets) {
   EXPECT_FALSE(folder.has("tree"));
   EXPECT_TRUE(folder.has("outside/kept"));
   EXPECT_TRUE(removeItem(folder.path() / "tree")) << "nothing there counts as removed";
-}
-
-TEST(Bundle, BelongsToTheFolderAboveContents) {
-  const Bundle inside = bundleOf("/Apps/Nimbra.app/Contents/MacOS/Nimbra");
-  EXPECT_EQ("/Apps/Nimbra.app", inside.location);
-  EXPECT_EQ("/Apps/Nimbra.app/Contents/Resources", inside.resources);
-  EXPECT_EQ("/a/MacOS", bundleOf("/a/MacOS/Nimbra").location);
-  EXPECT_EQ("/a/MacOS", bundleOf("/a/MacOS/Nimbra").resources);
 }
 
 ChildRun runShell(const std::string& script, std::chrono::milliseconds limit = 10s) {
