@@ -107,18 +107,14 @@ TEST(StorageReset, LinksAreRemovedAsLinksAndNeverFollowed) {
   EXPECT_TRUE(outside.has("Cookies"));
 }
 
-TEST(StorageReset, LinkToTheProfileIsFollowedButNotALinkedDefault) {
+TEST(StorageReset, LinkedDefaultIsLeftAlone) {
   const TemporaryFolder elsewhere;
   fill(elsewhere);
-  const TemporaryFolder folder;
-  fs::create_symlink(elsewhere.path(), folder.path() / "profile");
-  fs::create_directory(folder.path() / "other");
-  fs::create_symlink(elsewhere.path() / "Default", folder.path() / "other/Default");
-  resetGranularStorage(folder.path() / "other", {{"websql", true}});
-  clearPreviousTabs(folder.path() / "other");
+  const TemporaryFolder profile;
+  fs::create_symlink(elsewhere.path() / "Default", profile.path() / "Default");
+  resetGranularStorage(profile.path(), {{"all", true}});
+  clearPreviousTabs(profile.path());
   EXPECT_EQ(Items(), removedFrom(elsewhere));
-  resetGranularStorage(folder.path() / "profile", {{"websql", true}});
-  EXPECT_EQ(itemsOfKeys.at("websql"), removedFrom(elsewhere));
 }
 
 TEST(StorageReset, WhatCannotBeRemovedDoesNotKeepTheRest) {

@@ -16,25 +16,6 @@ JsonObject object(const std::string& text) {
   return platform::parseJsonObject(text).value_or(JsonObject());
 }
 
-TEST(SplashWindow, StandsAsDrawnWithoutASummary) {
-  const SplashWindow splash(initialSplashSteps(), nullptr);
-  EXPECT_EQ("Preparing Nimbra…", splash.window.title);
-  EXPECT_EQ((ui::Size{460, 240}), splash.window.contentSize);
-  EXPECT_EQ((ui::Color{30, 33, 41}), splash.window.background);
-  EXPECT_EQ(ui::Window::Level::floating, splash.window.level);
-  EXPECT_EQ((ui::Rect{16, 200, 428, 24}), splash.titleField->frame);
-  EXPECT_EQ((ui::Rect{16, 178, 428, 20}), splash.subtitleField->frame);
-  ASSERT_EQ(4U, splash.rows.size());
-  for (std::size_t i = 0; i < splash.rows.size(); ++i) {
-    const double y = 148 - 24 * static_cast<double>(i);
-    const auto& [glyph, label, status] = splash.rows[i];
-    EXPECT_EQ((ui::Rect{14, y, 24, 20}), glyph.frame);
-    EXPECT_EQ((ui::Rect{40, y, 220, 20}), label.frame);
-    EXPECT_EQ(initialSplashSteps()[i].label, label.text);
-    EXPECT_EQ((ui::Rect{260, y, 184, 20}), status.frame);
-  }
-}
-
 TEST(SplashWindow, RowsFollowTheSteps) {
   struct Row {
     bool done;
@@ -98,6 +79,8 @@ TEST(OverridesSummary, IsLaidOutFromTheBottomUpwards) {
   const std::vector<std::pair<double, const char*>> expected{
       {16, "--y  2"},           {34, "--x  1"}, {52, "Raw Chromium switches (2)"},
       {82, "b  {\"x\":[1,2]}"}, {100, "a  1"},  {118, "Active overrides (2)"}};
+  EXPECT_EQ("Preparing Nimbra…", splash.window.title);
+  EXPECT_EQ(ui::Window::Level::floating, splash.window.level);
   // 124 points for the summary, of which 44 fit under the rows.
   EXPECT_EQ(240 + 80, splash.window.contentSize.height);
   EXPECT_EQ(200 + 80, splash.titleField->frame.y);
