@@ -6,6 +6,7 @@
 #include <csignal>
 
 #include "launch_fixture.h"
+#include "platform/dispatch.h"
 #include "platform/files.h"
 #include "platform/json.h"
 #include "platform/process.h"
@@ -176,6 +177,21 @@ TEST(Process, StatusSurvivesAnIgnoredSigchldWhichStaysIgnored) {
   const auto before = std::signal(SIGCHLD, SIG_IGN);
   EXPECT_EQ(7, runShell("exit 7").exitStatus);
   EXPECT_EQ(SIG_IGN, std::signal(SIGCHLD, before));
+}
+
+TEST(Dispatch, RunsPostsInOrderAndNeverInsideThePost) {
+  std::vector<int> order;
+  postToMain([&] {
+    order.push_back(1);
+    postToMain([&] { order.push_back(4); });
+    order.push_back(2);
+  });
+  postToMain([&] { order.push_back(3); });
+  EXPECT_TRUE(order.empty());
+  runPostedTasks();
+  EXPECT_EQ((std::vector<int>{1, 2, 3}), order);
+  runPostedTasks();
+  EXPECT_EQ((std::vector<int>{1, 2, 3, 4}), order);
 }
 
 }  // namespace
