@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "discovery/endpoint_reply.h"
-#include "platform/system.h"
-#include "platform/text.h"
+#include "platform/system/system.h"
+#include "platform/text/text.h"
 
 namespace quillon {
 namespace {

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/files.h"
-#include "platform/process.h"
+#include "platform/files/files.h"
+#include "platform/system/process.h"
 
 /// One attempt to learn the address that a proxy exits from. Any thread.
 namespace quillon {

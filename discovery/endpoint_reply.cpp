@@ -1,7 +1,7 @@
 #include "discovery/endpoint_reply.h"
 
-#include "platform/json.h"
-#include "platform/text.h"
+#include "platform/text/json.h"
+#include "platform/text/text.h"
 
 namespace quillon {
 namespace {

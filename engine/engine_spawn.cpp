@@ -5,8 +5,8 @@
 #include <charconv>
 #include <utility>
 
-#include "platform/process.h"
-#include "platform/system.h"
+#include "platform/system/process.h"
+#include "platform/system/system.h"
 
 namespace quillon {
 namespace {

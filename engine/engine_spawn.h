@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "engine/override_switches.h"
-#include "platform/files.h"
+#include "platform/files/files.h"
 
 namespace quillon {
 

@@ -3,7 +3,7 @@
 #include "engine/launch_steps.h"
 #include "launcher/launcher_delegate.h"
 #include "launcher/process_values.h"
-#include "platform/system.h"
+#include "platform/system/system.h"
 #include "reports/launch_result.h"
 
 namespace quillon {

@@ -2,7 +2,7 @@
 
 #include "engine/engine_spawn.h"
 #include "launcher/fatal_report.h"
-#include "platform/system.h"
+#include "platform/system/system.h"
 #include "profile/hygiene.h"
 
 namespace quillon {

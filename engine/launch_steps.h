@@ -7,7 +7,7 @@
 
 #include "engine/override_switches.h"
 #include "overlay/overlay_keys.h"
-#include "platform/files.h"
+#include "platform/files/files.h"
 
 /// The steps that a launch with a window and one without share. Main thread.
 namespace quillon {

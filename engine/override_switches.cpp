@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "platform/process.h"
+#include "platform/system/process.h"
 
 namespace quillon {
 

@@ -2,7 +2,7 @@
 
 #include <system_error>
 
-#include "platform/process.h"
+#include "platform/system/process.h"
 
 namespace quillon {
 

@@ -1,6 +1,6 @@
 #include "launcher/fatal_report.h"
 
-#include "platform/system.h"
+#include "platform/system/system.h"
 #include "platform/ui/application.h"
 
 namespace quillon {

@@ -4,8 +4,8 @@
 
 #include "discovery/discover_and_resolve.h"
 #include "launcher/launcher_delegate.h"
-#include "platform/dispatch.h"
-#include "platform/system.h"
+#include "platform/dispatch/dispatch.h"
+#include "platform/system/system.h"
 #include "reports/launch_error.h"
 
 namespace quillon {

@@ -4,8 +4,8 @@
 
 #include "launcher/process_values.h"
 #include "overlay/overlay_file.h"
-#include "platform/dispatch.h"
-#include "platform/system.h"
+#include "platform/dispatch/dispatch.h"
+#include "platform/system/system.h"
 
 namespace quillon {
 

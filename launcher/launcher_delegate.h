@@ -10,7 +10,7 @@
 
 #include "discovery/persona.h"
 #include "overlay/overlay_keys.h"
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "platform/ui/application.h"
 #include "splash/splash_window.h"
 

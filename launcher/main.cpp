@@ -1,7 +1,7 @@
 #include "launcher/entry.h"
-#include "platform/descriptor.h"
-#include "platform/process.h"
-#include "platform/system.h"
+#include "platform/files/descriptor.h"
+#include "platform/system/process.h"
+#include "platform/system/system.h"
 
 int main(int count, char* arguments[]) {
   namespace platform = quillon::platform;

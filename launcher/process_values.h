@@ -6,8 +6,8 @@
 
 #include "overlay/overlay_keys.h"
 #include "overlay/webgl_catalogue.h"
-#include "platform/bundle.h"
-#include "platform/files.h"
+#include "platform/files/bundle.h"
+#include "platform/files/files.h"
 
 namespace quillon {
 

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "platform/system.h"
+#include "platform/system/system.h"
 
 namespace quillon {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/files.h"
-#include "platform/json.h"
+#include "platform/files/files.h"
+#include "platform/text/json.h"
 
 /// Where a profile's persona overlay lies and how it is read. Any thread.
 namespace quillon {

@@ -1,7 +1,7 @@
 #include "overlay/overlay_keys.h"
 
 #include "overlay/overlay_file.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 
 namespace quillon {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/files.h"
-#include "platform/json.h"
+#include "platform/files/files.h"
+#include "platform/text/json.h"
 
 namespace quillon {
 

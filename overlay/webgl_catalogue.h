@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/bundle.h"
-#include "platform/json.h"
+#include "platform/files/bundle.h"
+#include "platform/text/json.h"
 
 /// The catalogue of WebGL profiles: a JSON object whose "profiles" maps names to sets of switches.
 /// Whatever is wrong with it costs the switches concerned and nothing else. Any thread.

@@ -1,6 +1,6 @@
 #include <array>
 
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "profile/hygiene.h"
 
 namespace quillon {

@@ -1,4 +1,4 @@
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "profile/hygiene.h"
 #include "profile/storage_selection.h"
 

@@ -1,6 +1,6 @@
 #include "reports/report_file.h"
 
-#include "platform/system.h"
+#include "platform/system/system.h"
 
 namespace quillon {
 

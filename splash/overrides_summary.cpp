@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "splash/colors.h"
 
 namespace quillon {

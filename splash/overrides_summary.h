@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/json.h"
+#include "platform/text/json.h"
 #include "platform/ui/window.h"
 
 /// What a persona overlay switches on, as the lower part of the splash window lists it.

@@ -4,7 +4,7 @@
 #include <cassert>
 #include <utility>
 
-#include "platform/dispatch.h"
+#include "platform/dispatch/dispatch.h"
 #include "platform/ui/application.h"
 #include "splash/colors.h"
 #include "splash/overrides_summary.h"

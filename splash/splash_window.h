@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/json.h"
+#include "platform/text/json.h"
 #include "platform/ui/window.h"
 
 namespace quillon {

@@ -9,7 +9,7 @@
 
 #include "discovery/egress_discovery.h"
 #include "launch_fixture.h"
-#include "platform/process.h"
+#include "platform/system/process.h"
 
 namespace quillon::tests {
 namespace {

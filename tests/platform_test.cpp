@@ -6,11 +6,11 @@
 #include <csignal>
 
 #include "launch_fixture.h"
-#include "platform/dispatch.h"
-#include "platform/files.h"
-#include "platform/json.h"
-#include "platform/process.h"
-#include "platform/text.h"
+#include "platform/dispatch/dispatch.h"
+#include "platform/files/files.h"
+#include "platform/system/process.h"
+#include "platform/text/json.h"
+#include "platform/text/text.h"
 
 namespace quillon::platform {
 namespace {

@@ -2,7 +2,7 @@
 #include <sys/resource.h>
 
 #include "launch_fixture.h"
-#include "platform/json.h"
+#include "platform/text/json.h"
 #include "reports/launch_error.h"
 #include "reports/launch_result.h"
 #include "reports/report_file.h"

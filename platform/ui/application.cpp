@@ -1,7 +1,7 @@
 #include "platform/ui/application.h"
 
-#include "platform/dispatch.h"
-#include "platform/process.h"
+#include "platform/dispatch/dispatch.h"
+#include "platform/system/process.h"
 #include "platform/ui/module.h"
 
 namespace quillon::platform::ui {

@@ -3,7 +3,7 @@
 #include <dlfcn.h>
 
 #include "build_identity.h"
-#include "platform/bundle.h"
+#include "platform/files/bundle.h"
 
 namespace quillon::platform::ui {
 namespace {

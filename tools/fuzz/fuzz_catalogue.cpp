@@ -3,9 +3,9 @@
 #include <string_view>
 
 #include "overlay/webgl_catalogue.h"
-#include "platform/json.h"
-#include "platform/process.h"
-#include "platform/text.h"
+#include "platform/system/process.h"
+#include "platform/text/json.h"
+#include "platform/text/text.h"
 #include "tools/fuzz/require.h"
 
 using namespace quillon;

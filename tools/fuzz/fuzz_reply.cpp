@@ -5,7 +5,7 @@
 #include "discovery/egress_discovery.h"
 #include "discovery/endpoint_reply.h"
 #include "discovery/persona.h"
-#include "platform/text.h"
+#include "platform/text/text.h"
 #include "tools/fuzz/require.h"
 
 using namespace quillon;

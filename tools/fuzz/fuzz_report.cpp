@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "platform/json.h"
-#include "platform/text.h"
+#include "platform/text/json.h"
+#include "platform/text/text.h"
 #include "reports/launch_error.h"
 #include "reports/launch_result.h"
 #include "reports/report_text.h"

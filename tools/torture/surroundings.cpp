@@ -9,7 +9,7 @@
 #include <fstream>
 #include <functional>
 
-#include "platform/files.h"
+#include "platform/files/files.h"
 #include "torture.h"
 #include "trial.h"
 

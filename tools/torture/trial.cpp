@@ -11,8 +11,8 @@
 #include <cstdlib>
 #include <fstream>
 
-#include "platform/files.h"
-#include "platform/json.h"
+#include "platform/files/files.h"
+#include "platform/text/json.h"
 
 namespace quillon::torture {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/dispatch.h"
+#include "platform/dispatch/dispatch.h"
 #include "platform/ui/backend.h"
 
 namespace quillon::platform::ui {

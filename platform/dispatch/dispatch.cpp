@@ -1,4 +1,4 @@
-#include "platform/dispatch.h"
+#include "platform/dispatch/dispatch.h"
 
 #include <condition_variable>
 #include <deque>

@@ -1,4 +1,4 @@
-#include "platform/process.h"
+#include "platform/system/process.h"
 
 #include <poll.h>
 #include <spawn.h>
@@ -11,8 +11,8 @@
 #include <csignal>
 #include <thread>
 
-#include "platform/descriptor.h"
-#include "platform/signal_override.h"
+#include "platform/files/descriptor.h"
+#include "platform/system/signal_override.h"
 
 namespace quillon::platform {
 namespace {

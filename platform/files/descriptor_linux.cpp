@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "platform/descriptor.h"
+#include "platform/files/descriptor.h"
 
 namespace quillon::platform {
 

@@ -1,6 +1,6 @@
 #include <sched.h>
 
-#include "platform/system.h"
+#include "platform/system/system.h"
 
 namespace quillon::platform {
 

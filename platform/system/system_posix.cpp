@@ -1,4 +1,4 @@
-#include "platform/system.h"
+#include "platform/system/system.h"
 
 #include <pwd.h>
 #include <unistd.h>
@@ -7,7 +7,7 @@
 #include <csignal>
 #include <cstring>
 
-#include "platform/process.h"
+#include "platform/system/process.h"
 
 namespace quillon::platform {
 

@@ -9,9 +9,9 @@
 #include <new>
 #include <system_error>
 
-#include "platform/files.h"
-#include "platform/signal_override.h"
-#include "platform/tree_removal.h"
+#include "platform/files/files.h"
+#include "platform/files/tree_removal.h"
+#include "platform/system/signal_override.h"
 
 namespace quillon::platform {
 namespace {

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/files.h"
+#include "platform/files/files.h"
 
 /// Child processes and what they inherit.
 namespace quillon::platform {

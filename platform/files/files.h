@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/descriptor.h"
+#include "platform/files/descriptor.h"
 
 /// Files and folders. Failures are the return value; nothing but want of memory is thrown.
 /// Relative paths count from the current folder. No shared state: any thread.

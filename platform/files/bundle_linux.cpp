@@ -3,7 +3,7 @@
 #include <array>
 #include <climits>
 
-#include "platform/bundle.h"
+#include "platform/files/bundle.h"
 
 namespace quillon::platform {
 

@@ -1,4 +1,4 @@
-#include "platform/bundle.h"
+#include "platform/files/bundle.h"
 
 namespace quillon::platform {
 

@@ -1,6 +1,6 @@
 #include <unistd.h>
 
-#include "platform/dispatch.h"
+#include "platform/dispatch/dispatch.h"
 
 namespace quillon::platform {
 

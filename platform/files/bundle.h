@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-#include "platform/files.h"
+#include "platform/files/files.h"
 
 namespace quillon::platform {
 

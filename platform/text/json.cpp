@@ -1,4 +1,4 @@
-#include "platform/json.h"
+#include "platform/text/json.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "platform/tree_removal.h"
+#include "platform/files/tree_removal.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/descriptor.h"
+#include "platform/files/descriptor.h"
 
 namespace quillon::platform {
 namespace {
