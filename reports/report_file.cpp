@@ -1,5 +1,6 @@
 #include "reports/report_file.h"
 
+#include "platform/files/file_replacement.h"
 #include "platform/system/system.h"
 
 namespace quillon {
@@ -12,12 +13,7 @@ platform::Path reportFileURL(const std::optional<std::string>& userDataDir,
 
 bool writeReportAtomically(const std::function<std::string()>& makeText,
                            const platform::Path& url) {
-  const platform::Path temporary = url.native() + ".tmp";
-  const bool replaced = platform::createFolders(url.parent_path()) &&
-                        platform::writeFileAtomically(temporary, makeText()) &&
-                        platform::removeItem(url) && platform::moveItem(temporary, url);
-  if (!replaced) platform::removeItem(temporary);
-  return replaced;
+  return platform::replaceFile(url, makeText);
 }
 
 }  // namespace quillon

@@ -15,11 +15,10 @@ namespace quillon {
 [[nodiscard]] platform::Path reportFileURL(const std::optional<std::string>& userDataDir,
                                            std::string_view fileName);
 
-/// Replaces a report as a whole and creates its folder when it is missing. `makeText` is called
-/// once the folder is there. Whatever stands at `url` is removed just before the new report takes
-/// its place, so for a moment there is none, but never a part of one. False on any failure; then
-/// the old report is still there, unless only the very last step failed, and nothing is left over.
-/// Of two processes replacing the same report at once either may fail this way.
+/// Replaces a report as a whole, by one rename, and creates its folder when it is missing: of any
+/// number of launches at the same instant a reader finds the report of one, and the last to end
+/// leaves its own. `makeText` is called once the folder is there. False on any failure; then the
+/// old report is still there and nothing is left over.
 bool writeReportAtomically(const std::function<std::string()>& makeText, const platform::Path& url);
 
 }  // namespace quillon

@@ -57,17 +57,9 @@ TEST(ReportFile, IsReplacedWholeOrLeftAlone) {
   EXPECT_EQ("new", contentOf(target));
   folder.write("kept", "kept");
   folder.write("a/b/folder/inside", "x");
-  folder.write("a/b/blocked", "old");
-  folder.write("a/b/blocked.tmp/inside", "x");
-  folder.write("a/b/leftover.tmp", "x");
-  std::filesystem::create_symlink(folder.path() / "kept", folder.path() / "a/b/planted.tmp");
   std::filesystem::create_symlink(folder.path() / "kept", folder.path() / "a/b/link");
   EXPECT_TRUE(write(folder.path() / "a/b/folder")) << "whatever has the name makes room";
-  EXPECT_TRUE(write(folder.path() / "a/b/leftover"));
-  EXPECT_TRUE(write(folder.path() / "a/b/planted"));
   EXPECT_TRUE(write(folder.path() / "a/b/link"));
-  EXPECT_FALSE(write(folder.path() / "a/b/blocked")) << "a folder under the temporary name";
-  EXPECT_EQ("old", contentOf(folder.path() / "a/b/blocked"));
   EXPECT_EQ("kept", contentOf(folder.path() / "kept"));
   const auto fail = [] {
     ADD_FAILURE() << "no text is made without a folder for it";

@@ -26,18 +26,13 @@ inline constexpr std::size_t maxReadableBytes = std::size_t{256} << 20;
 /// device might never end) or longer than `maxReadableBytes`.
 [[nodiscard]] std::optional<std::string> readFile(const Path& path);
 
-/// Creates the folder and its missing parents. True when it is a folder afterwards.
+/// What the launcher creates may hold a proxy's password: its owner alone may use it.
+inline constexpr unsigned ownersFileMode = 0600;
+inline constexpr unsigned ownersFolderMode = 0700;
+
+/// Creates the folder and its missing parents for their owner alone, whatever the umask; a folder
+/// that stands keeps its mode. True when it is a folder afterwards.
 bool createFolders(const Path& folder);
-
-/// Puts a file with these bytes at `path`, replacing a file or link there. The bytes are written
-/// to a new file beside it under a name of its own, which is renamed over `path` once complete: no
-/// reader and no other writer ever sees a part, and a link at `path` is replaced, not followed. On
-/// failure `path` is unchanged and nothing is left; only a process that is killed in the middle
-/// leaves the unfinished file. Meanwhile SIGXFSZ is ignored. No protection against a power cut.
-[[nodiscard]] bool writeFileAtomically(const Path& path, std::string_view bytes);
-
-/// Renames within one file system, over whatever file is at `to`.
-[[nodiscard]] bool moveItem(const Path& from, const Path& to);
 
 /// Removes what stands at `path`, whatever it is: a folder with all below it, a link as the link
 /// it is. Goes on past what cannot be removed. True when nothing stands there afterwards, so also

@@ -3,28 +3,17 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <chrono>
-#include <csignal>
-#include <cstdio>
 #include <new>
-#include <system_error>
 
 #include "platform/files/files.h"
+#include "platform/files/interrupted_call.h"
 #include "platform/files/tree_removal.h"
-#include "platform/system/signal_override.h"
 
 namespace quillon::platform {
 namespace {
 
-template <class Call>
-auto retryInterrupted(Call call) {
-  auto result = call();
-  while (result == -1 && errno == EINTR) result = call();
-  return result;
-}
-
-UniqueFd openFile(const Path& path, int flags, mode_t mode = 0) {
-  return UniqueFd(retryInterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, mode); }));
+UniqueFd openFile(const Path& path, int flags) {
+  return UniqueFd(retryInterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC); }));
 }
 
 std::optional<struct stat> statusOf(const Path& path) {
@@ -57,23 +46,6 @@ std::optional<std::string> readToEnd(int descriptor, std::size_t expectedBytes) 
   return std::nullopt;
 }
 
-bool writeAll(int descriptor, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written =
-        retryInterrupted([&] { return ::write(descriptor, bytes.data(), bytes.size()); });
-    if (written <= 0) return false;
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
-}
-
-/// A name beside `path` that nobody else uses: process numbers repeat on other machines and in
-/// other containers that share the folder, the time does not.
-Path nameOfItsOwn(const Path& path) {
-  const auto now = std::chrono::system_clock::now().time_since_epoch().count();
-  return path.native() + "." + std::to_string(::getpid()) + "." + std::to_string(now);
-}
-
 }  // namespace
 
 bool exists(const Path& path) {
@@ -102,27 +74,10 @@ std::optional<std::string> readFile(const Path& path) {
 
 bool createFolders(const Path& folder) {
   if (folder.empty() || isFolder(folder)) return true;
-  std::error_code ignored;
-  std::filesystem::create_directories(folder, ignored);
+  if (!createFolders(folder.parent_path())) return false;
+  // The umask may have taken away what its owner needs.
+  if (::mkdir(folder.c_str(), ownersFolderMode) == 0) ::chmod(folder.c_str(), ownersFolderMode);
   return isFolder(folder);
-}
-
-bool writeFileAtomically(const Path& path, std::string_view bytes) {
-  const Path unfinished = nameOfItsOwn(path);
-  UniqueFd file = openFile(unfinished, O_WRONLY | O_CREAT | O_EXCL, 0666);
-  if (!file.isOpen()) return false;
-  // A file grown to the process's limit is a failed write, not the end of the process.
-  const SignalOverride fileSizeLimit(SIGXFSZ, SIG_IGN);
-  const bool written = writeAll(file.get(), bytes);
-  // Some file systems report a full disk only here.
-  const bool closed = ::close(file.release()) == 0;
-  if (written && closed && moveItem(unfinished, path)) return true;
-  (void)::unlink(unfinished.c_str());
-  return false;
-}
-
-bool moveItem(const Path& from, const Path& to) {
-  return ::rename(from.c_str(), to.c_str()) == 0;
 }
 
 bool removeItem(const Path& path) {

@@ -1,0 +1,83 @@
+#include "platform/files/file_replacement.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <string_view>
+
+#include "platform/files/descriptor.h"
+#include "platform/files/interrupted_call.h"
+#include "platform/system/signal_override.h"
+
+namespace quillon::platform {
+namespace {
+
+/// A new file beside its place.
+struct UnfinishedFile {
+  Path path;
+  UniqueFd descriptor;
+};
+
+UniqueFd createFile(const Path& path) {
+  return UniqueFd(retryInterrupted([&] {
+    return ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, ownersFileMode);
+  }));
+}
+
+/// Under a name that nobody else uses: of two that choose the same moment one finds it taken.
+UnfinishedFile createBeside(const Path& path) {
+  constexpr int attempts = 100;
+  const auto now = std::chrono::system_clock::now().time_since_epoch().count();
+  UnfinishedFile file;
+  for (int i = 0; i < attempts && !file.descriptor.isOpen(); ++i) {
+    file.path = path.native() + ".tmp." + std::to_string(now + i);
+    file.descriptor = createFile(file.path);
+    if (file.descriptor.isOpen() || errno == EEXIST) continue;
+    if (errno != ENOENT || !createFolders(path.parent_path())) break;
+  }
+  return file;
+}
+
+bool writeAll(int descriptor, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written =
+        retryInterrupted([&] { return ::write(descriptor, bytes.data(), bytes.size()); });
+    if (written <= 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
+bool writeAndClose(UniqueFd descriptor, std::string_view bytes) {
+  // A file grown to the process's limit is a failed write, not the end of the process.
+  const SignalOverride fileSizeLimit(SIGXFSZ, SIG_IGN);
+  const bool written =
+      ::fchmod(descriptor.get(), ownersFileMode) == 0 && writeAll(descriptor.get(), bytes);
+  // Some file systems report a full disk only here.
+  return ::close(descriptor.release()) == 0 && written;
+}
+
+/// A folder makes room; anything else is replaced in one step.
+bool moveOver(const Path& from, const Path& to) {
+  if (::rename(from.c_str(), to.c_str()) == 0) return true;
+  return errno == EISDIR && removeItem(to) && ::rename(from.c_str(), to.c_str()) == 0;
+}
+
+}  // namespace
+
+bool replaceFile(const Path& path, const std::function<std::string()>& makeBytes) {
+  UnfinishedFile file = createBeside(path);
+  if (!file.descriptor.isOpen()) return false;
+  if (writeAndClose(std::move(file.descriptor), makeBytes()) && moveOver(file.path, path)) {
+    return true;
+  }
+  (void)::unlink(file.path.c_str());
+  return false;
+}
+
+}  // namespace quillon::platform
