@@ -7,13 +7,14 @@ endif()
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
-set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 # Members left out of a designated initializer have their defaults: that is what it is for.
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
   -Wno-missing-field-initializers)
 include_directories(${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/generated)
+
+include(cmake/Hardening.cmake)
 
 set(QUILLON_SANITIZERS "" CACHE STRING "Sanitizers to build with, as -fsanitize takes them")
 if(QUILLON_SANITIZERS)

@@ -107,7 +107,9 @@ TEST(PassthroughLaunch, WithoutAProfileTheReportGoesToTheUsersFolder) {
     launch.arguments = arguments;
     launch.home.write("Library/Application Support/Quillon/command-line.json",
                       R"({"start-page":"per-user"})");
-    launch.prepare = [folder = launch.home.path()] { ::chdir(folder.c_str()); };
+    launch.prepare = [folder = launch.home.path()] {
+      if (::chdir(folder.c_str()) != 0) ::_exit(127);
+    };
     const Outcome outcome = launch.run();
     ASSERT_TRUE(outcome.engine.contains('A'));
     EXPECT_EQ(1,
