@@ -69,7 +69,9 @@ std::vector<std::string> engineArgumentVector(const platform::Path& engineBinary
                                               std::string_view cdpTcpPort) {
   std::vector<std::string> arguments{engineBinary.native()};
   const auto append = [&](const auto& more) {
-    arguments.insert(arguments.end(), more.begin(), more.end());
+    for (const std::string_view argument : more) {
+      arguments.emplace_back(argument.substr(0, argument.find('\0')));
+    }
   };
   append(originalArgs);
   append(overrideSwitches);
@@ -78,13 +80,10 @@ std::vector<std::string> engineArgumentVector(const platform::Path& engineBinary
   return arguments;
 }
 
-std::optional<SpawnError> spawnEngine(const platform::Path& engineBinary,
-                                      const std::vector<std::string>& originalArgs,
-                                      const SwitchList& overrideSwitches,
-                                      std::string_view cdpTcpPort) {
+std::optional<SpawnError> spawnEngine(const std::vector<std::string>& argumentVector) {
+  const platform::Path engineBinary(argumentVector.front());
   if (!platform::isExecutableFile(engineBinary)) return SpawnError::engineMissing(engineBinary);
-  const int error = platform::spawnInNewSession(
-      engineBinary, engineArgumentVector(engineBinary, originalArgs, overrideSwitches, cdpTcpPort));
+  const int error = platform::spawnInNewSession(engineBinary, argumentVector);
   if (error != 0) return SpawnError::posixSpawn(error);
   return std::nullopt;
 }

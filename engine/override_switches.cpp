@@ -2,8 +2,6 @@
 
 #include <array>
 
-#include "platform/system/process.h"
-
 namespace quillon {
 
 void appendAll(SwitchList& switches, const SwitchList& more) {
@@ -12,9 +10,7 @@ void appendAll(SwitchList& switches, const SwitchList& more) {
 
 void appendSwitch(SwitchList& switches, std::string_view name, std::string_view value) {
   if (value.empty()) return;
-  std::string text("--");
-  text.append(name).append("=").append(value);
-  if (platform::isPassableArgument(text)) switches.push_back(std::move(text));
+  switches.push_back(std::string("--").append(name).append("=").append(value));
 }
 
 std::optional<std::string> deviceMemoryValue(std::uint64_t physicalMemory) {
@@ -57,9 +53,7 @@ SwitchList machineSwitches(const OverlayKeys& overlay, const Machine& machine) {
     appendSwitch(switches, "hardware-concurrency", std::to_string(machine.activeProcessorCount));
   }
   if (!overlay.speechVoicesSet) appendSwitch(switches, "speech-voices-preset", "stock-chrome-mac");
-  const bool hasStartPage =
-      !overlay.startPage.empty() && platform::isPassableArgument(overlay.startPage);
-  switches.push_back(hasStartPage ? overlay.startPage : "chrome://version");
+  switches.push_back(overlay.startPage.empty() ? "chrome://version" : overlay.startPage);
   return switches;
 }
 

@@ -26,8 +26,7 @@ struct Machine {
 /// Adds all of `more` behind the list.
 void appendAll(SwitchList& switches, const SwitchList& more);
 
-/// Adds "--name=value", unless the value is empty or the whole is no argument that a process can be
-/// given. Nothing is quoted or escaped.
+/// Adds "--name=value", unless the value is empty. Nothing is quoted or escaped.
 void appendSwitch(SwitchList& switches, std::string_view name, std::string_view value);
 
 /// The memory class of a machine in GiB, as browsers report it: 1, 2, 4, 8, 16 or 32. Nothing for
@@ -39,7 +38,7 @@ void appendSwitch(SwitchList& switches, std::string_view name, std::string_view 
                                          const ResolvedPersona& persona);
 
 /// The machine's memory class and processors and the voices, unless the overlay sets its own; the
-/// start page, or what stands in for an empty or impossible one, comes last.
+/// start page, or what stands in for an empty one, comes last.
 [[nodiscard]] SwitchList machineSwitches(const OverlayKeys& overlay, const Machine& machine);
 
 }  // namespace quillon

@@ -1,36 +1,23 @@
 #include "launcher/entry.h"
 
 #include <memory>
+#include <utility>
 
-#include "engine/launch_steps.h"
+#include "launcher/launch_deeds.h"
 #include "launcher/launcher_delegate.h"
 #include "launcher/process_values.h"
+#include "platform/files/bundle.h"
 #include "platform/ui/application.h"
-#include "reports/launch_result.h"
 
 namespace quillon {
 namespace {
 
-/// Nothing has to be learned from the proxy: the engine starts at once.
-[[noreturn]] void runPassthrough(const ProcessValues& values) {
-  cleanProfile(values.overlay, values.userDataDir);
-  SwitchList overrideSwitches =
-      webglProfileSwitches(values.overlay.webglProfile, values.cataloguePlaces());
-  appendAll(overrideSwitches, machineSwitches(values.overlay, thisMachine()));
-  LaunchResultRecord record;
-  record.status = "passthrough";
-  record.launcherVersion = launcherVersion;
-  writeResultFile(values.userDataDir, record);
-  startEngineAndLeave(values.engineBinary, values.originalArgs, overrideSwitches,
-                      values.overlay.cdpTcpPort);
-}
-
 /// The delegate does the launching from within the event loop.
-int runWindowed(const ProcessValues& values) {
+int runWindowed(ProcessValues values) {
   platform::ui::Application& application = platform::ui::Application::shared();
   // Never destroyed: the background thread uses it until the process ends.
-  static const auto& delegate = *new std::shared_ptr(std::make_shared<LauncherDelegate>(
-      values.overlay, values.engineBinary, values.originalArgs, values.userDataDir));
+  static const auto& delegate =
+      *new std::shared_ptr(std::make_shared<LauncherDelegate>(std::move(values)));
   application.setDelegate(*delegate);
   application.setActivationPolicy(platform::ui::ActivationPolicy::accessory);
   application.run();
@@ -40,9 +27,10 @@ int runWindowed(const ProcessValues& values) {
 }  // namespace
 
 int runLauncher(const std::vector<std::string>& argumentVector) {
-  const ProcessValues& values = fixProcessValues(argumentVector);
-  if (values.needsWindow) return runWindowed(values);
-  runPassthrough(values);
+  ProcessValues values = fixProcessValues(argumentVector, platform::executableLocation());
+  if (values.needsWindow) return runWindowed(std::move(values));
+  // Nothing has to be learned from the proxy: the engine starts at once.
+  carryOut(planPassthrough(values.request, gatherFacts(values)));
 }
 
 }  // namespace quillon

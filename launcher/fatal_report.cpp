@@ -1,5 +1,6 @@
 #include "launcher/fatal_report.h"
 
+#include "launcher/exit_status.h"
 #include "platform/system/system.h"
 #include "platform/ui/application.h"
 
@@ -21,7 +22,7 @@ void reportFatalLaunchFailure(const std::string& message) {
   application.runModal({.messageText = "Nimbra couldn't launch",
                         .informativeText = message + "\n\nReinstall Nimbra to fix this.",
                         .buttonTitle = "OK"});
-  platform::endProcess(1);
+  leave(ExitStatus::fatalFailure);
 }
 
 }  // namespace quillon

@@ -1,11 +1,9 @@
-#include <array>
-#include <string_view>
+#include "launcher/launch_sequence.h"
+
 #include <utility>
 
-#include "discovery/discover_and_resolve.h"
-#include "launcher/launcher_delegate.h"
-#include "platform/dispatch/dispatch.h"
-#include "platform/system/system.h"
+#include "launcher/launch_plan.h"
+#include "launcher/step_texts.h"
 #include "reports/launch_error.h"
 
 namespace quillon {
@@ -14,6 +12,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr std::size_t overlayStep = 0;
+constexpr std::size_t discoveryStep = 1;
 constexpr std::size_t overridesStep = 2;
 constexpr std::size_t engineStep = 3;
 
@@ -24,59 +23,64 @@ constexpr auto pauseWhenBlocked = 2500ms;
 constexpr auto pauseAfterOverrides = 120ms;
 constexpr auto pauseBeforeEngine = 80ms;
 
-SplashStep overridesOutcome(SplashStep step, const ResolvedPersona& persona, bool blocked) {
-  step.status = blocked ? "skipped — engine launch blocked" : appliedOverridesText(persona);
-  step.done = true;
-  step.failed = blocked;
-  return step;
+void showStatus(SequenceStage& stage, std::size_t index, std::string status) {
+  stage.updateStep(index, [status = std::move(status)](SplashStep& step) { step.status = status; });
+}
+
+void showOutcome(SequenceStage& stage, std::size_t index, std::string status, bool failed) {
+  stage.updateStep(index, [status = std::move(status), failed](SplashStep& step) {
+    step.status = status;
+    step.done = true;
+    step.failed = failed;
+  });
+}
+
+LaunchErrorRecord errorRecord(const DiscoveryOutcome& outcome, const std::string& proxyServer) {
+  const DiscoverResult& result = outcome.result;
+  LaunchErrorRecord record;
+  record.step = "discover_proxy_ip";
+  record.errorCode = result.errorCode;
+  record.message = result.message;
+  record.proxy = proxyServer;
+  record.discoveryUrl = outcome.endpoint.url;
+  if (result.curlExitCode >= 0) record.curlExitCode = result.curlExitCode;
+  record.elapsedMs = result.elapsedMs;
+  record.launcherVersion = launcherVersion;
+  return record;
+}
+
+DiscoveryOutcome discover(const LaunchRequest& request, SequenceStage& stage) {
+  const OverlayKeys& overlay = request.overlay;
+  DiscoveryOutcome outcome = discoverAndResolve(
+      overlay, [&](std::string status) { showStatus(stage, discoveryStep, std::move(status)); },
+      [&](const std::string& proxyServer, const std::string& endpointURL) {
+        return stage.attempt(proxyServer, endpointURL);
+      });
+  if (outcome.failed()) {
+    writeErrorFile(request.userDataDir, errorRecord(outcome, overlay.proxyServer));
+  }
+  showOutcome(stage, discoveryStep, discoveryText(outcome, blocksEngine(overlay, outcome)),
+              outcome.failed());
+  return outcome;
 }
 
 }  // namespace
 
-std::string appliedOverridesText(const ResolvedPersona& persona) {
-  const std::array<std::pair<std::string_view, const std::string*>, 5> parts{{
-      {"ip=", &persona.resolvedFakeIP},
-      {"tz=", &persona.resolvedTZ},
-      {"lang=", &persona.resolvedLang},
-      {"lat=", &persona.resolvedGeoLat},
-      {"lng=", &persona.resolvedGeoLng},
-  }};
-  std::string text;
-  for (const auto& [name, value] : parts) {
-    if (value->empty()) continue;
-    if (!text.empty()) text += ' ';
-    text.append(name).append(*value);
-  }
-  return text.empty() ? "none (passthrough)" : text;
-}
-
-void LauncherDelegate::runLaunchSequence() {
-  const auto leaveIfCancelled = [this] {
-    const bool leave = cancelled;
-    if (leave) platform::postToMain([] { platform::endProcess(0); });
-    return leave;
-  };
-  removeErrorFile(userDataDir);
-  updateStep(overlayStep, [this](SplashStep& step) {
-    step.status = overlay.proxyServer;
-    step.done = true;
-  });
-  platform::sleepFor(pauseAfterOverlay);
-  if (leaveIfCancelled()) return;
-  discoverAndResolve(*this);
-  platform::sleepFor(blockEngine ? pauseWhenBlocked : pauseAfterDiscovery);
-  if (leaveIfCancelled()) return;
-  updateStep(overridesStep, [persona = persona, blocked = blockEngine](SplashStep& step) {
-    step = overridesOutcome(step, persona, blocked);
-  });
-  platform::sleepFor(pauseAfterOverrides);
-  updateStep(engineStep, [blocked = blockEngine](SplashStep& step) {
-    step.done = true;
-    if (blocked) step.status = "aborted (exit 42)";
-    step.failed = blocked;
-  });
-  platform::sleepFor(pauseBeforeEngine);
-  platform::postToMain([this] { finishLaunch(); });
+std::optional<DiscoveryOutcome> playLaunchSequence(const LaunchRequest& request,
+                                                   SequenceStage& stage) {
+  removeErrorFile(request.userDataDir);
+  showOutcome(stage, overlayStep, request.overlay.proxyServer, false);
+  stage.pause(pauseAfterOverlay);
+  if (stage.isCancelled()) return std::nullopt;
+  DiscoveryOutcome outcome = discover(request, stage);
+  const bool blocked = blocksEngine(request.overlay, outcome);
+  stage.pause(blocked ? pauseWhenBlocked : pauseAfterDiscovery);
+  if (stage.isCancelled()) return std::nullopt;
+  showOutcome(stage, overridesStep, overridesText(outcome.persona, blocked), blocked);
+  stage.pause(pauseAfterOverrides);
+  showOutcome(stage, engineStep, engineText(blocked), blocked);
+  stage.pause(pauseBeforeEngine);
+  return outcome;
 }
 
 }  // namespace quillon

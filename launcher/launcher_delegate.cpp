@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "launcher/process_values.h"
+#include "launcher/exit_status.h"
+#include "launcher/launch_deeds.h"
 #include "overlay/overlay_file.h"
 #include "platform/dispatch/dispatch.h"
-#include "platform/system/system.h"
 
 namespace quillon {
 
@@ -17,16 +17,11 @@ void onMainThread(std::function<void()> change) {
   }
 }
 
-LauncherDelegate::LauncherDelegate(OverlayKeys overlayKeys, platform::Path engine,
-                                   std::vector<std::string> arguments,
-                                   std::optional<std::string> profile)
-    : overlay(std::move(overlayKeys)),
-      engineBinary(std::move(engine)),
-      originalArgs(std::move(arguments)),
-      userDataDir(std::move(profile)) {}
+LauncherDelegate::LauncherDelegate(ProcessValues processValues)
+    : values(std::move(processValues)) {}
 
 void LauncherDelegate::applicationDidFinishLaunching() {
-  const auto overlayObject = readOverlayObject(processValues().overlayURL);
+  const auto overlayObject = readOverlayObject(values.overlayURL);
   splash.emplace(initialSplashSteps(), overlayObject ? &*overlayObject : nullptr);
   splash->window.delegate = this;
   splash->showSplash();
@@ -37,11 +32,37 @@ void LauncherDelegate::applicationDidFinishLaunching() {
 
 void LauncherDelegate::windowWillClose() {
   cancelled = true;
-  platform::endProcess(0);
+  leave(ExitStatus::success);
+}
+
+void LauncherDelegate::runLaunchSequence() {
+  auto outcome = playLaunchSequence(values.request, *this);
+  if (outcome) {
+    platform::postToMain([this, outcome = std::move(*outcome)] { finishLaunch(outcome); });
+  } else {
+    platform::postToMain([] { leave(ExitStatus::success); });
+  }
+}
+
+void LauncherDelegate::finishLaunch(const DiscoveryOutcome& outcome) {
+  splash->window.orderOut();
+  const LaunchRequest& request = values.request;
+  carryOut(blocksEngine(request.overlay, outcome)
+               ? planBlocked(request, outcome)
+               : planWindowed(request, gatherFacts(values), outcome));
 }
 
 void LauncherDelegate::updateStep(std::size_t index, std::function<void(SplashStep&)> change) {
   onMainThread([this, index, change = std::move(change)] { splash->updateStep(index, change); });
+}
+
+void LauncherDelegate::pause(std::chrono::milliseconds duration) {
+  platform::sleepFor(duration);
+}
+
+DiscoverResult LauncherDelegate::attempt(const std::string& proxyServer,
+                                         const std::string& endpointURL) {
+  return discoverEgress(proxyServer, endpointURL);
 }
 
 }  // namespace quillon

@@ -1,16 +1,13 @@
 #pragma once
 
 #include <atomic>
-#include <cstddef>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
-#include "discovery/persona.h"
-#include "overlay/overlay_keys.h"
-#include "platform/files/files.h"
+#include "launcher/launch_sequence.h"
+#include "launcher/process_values.h"
 #include "platform/ui/application.h"
 #include "splash/splash_window.h"
 
@@ -21,27 +18,20 @@ namespace quillon {
 void onMainThread(std::function<void()> change);
 
 /// Drives a launch with a window and holds its state. Made on the main thread by the entry point,
-/// which keeps it as long as the process lives. The background thread writes `persona`,
-/// `blockEngine` and `discovery` before it posts `finishLaunch`; the main thread reads them there.
+/// which keeps it as long as the process lives. The background thread hands the outcome over with
+/// the post of `finishLaunch`.
 class LauncherDelegate final : public platform::ui::ApplicationDelegate,
                                public platform::ui::WindowDelegate,
+                               public SequenceStage,
                                public std::enable_shared_from_this<LauncherDelegate> {
  public:
-  LauncherDelegate(OverlayKeys overlayKeys, platform::Path engine,
-                   std::vector<std::string> arguments, std::optional<std::string> profile);
+  explicit LauncherDelegate(ProcessValues processValues);
 
-  const OverlayKeys overlay;
-  const platform::Path engineBinary;
-  const std::vector<std::string> originalArgs;
-  const std::optional<std::string> userDataDir;
+  const ProcessValues values;
   /// Absent until the application has finished launching.
   std::optional<SplashWindow> splash;
-  ResolvedPersona persona;
-  /// Discovery failed and the overlay wants no engine then.
-  bool blockEngine = false;
   /// The user closed the splash window.
   std::atomic<bool> cancelled = false;
-  DiscoveryCapture discovery;
 
   /// Shows the splash window and starts the launch sequence in the background. Main thread, once.
   void applicationDidFinishLaunching() override;
@@ -49,19 +39,18 @@ class LauncherDelegate final : public platform::ui::ApplicationDelegate,
   /// Ends the process at once with status 0: no report, no engine. Main thread.
   void windowWillClose() override;
 
-  /// The steps of a launch, from the overlay to the hand-over to `finishLaunch`. Once, on the
-  /// background thread; blocks in its pauses and while curl runs.
+  /// Plays the launch sequence, then has the main thread finish the launch, or end the process with
+  /// status 0 when it was cancelled. Once, on the background thread.
   void runLaunchSequence();
 
-  /// Hides the window, writes the result file, starts the engine unless it is blocked, and ends the
-  /// process: status 0, 42 when blocked, 1 when the engine cannot be started. Main thread, once.
-  [[noreturn]] void finishLaunch();
+  /// Hides the window and carries the launch out, by its end or by the block's. Main thread, once.
+  [[noreturn]] void finishLaunch(const DiscoveryOutcome& outcome);
 
-  /// Changes one step of the splash window by way of `onMainThread`. Any thread.
-  void updateStep(std::size_t index, std::function<void(SplashStep&)> change);
+  /// Any thread, by way of `onMainThread`.
+  void updateStep(std::size_t index, std::function<void(SplashStep&)> change) override;
+  void pause(std::chrono::milliseconds duration) override;
+  [[nodiscard]] bool isCancelled() const override { return cancelled; }
+  DiscoverResult attempt(const std::string& proxyServer, const std::string& endpointURL) override;
 };
-
-/// What step 3 of the window says about the derived values; "none (passthrough)" without any. Pure.
-[[nodiscard]] std::string appliedOverridesText(const ResolvedPersona& persona);
 
 }  // namespace quillon

@@ -1,40 +1,27 @@
 #include "launcher/process_values.h"
 
-#include <cassert>
-#include <memory>
-
 #include "discovery/persona.h"
 #include "launcher/engine_location.h"
 #include "overlay/overlay_file.h"
 
 namespace quillon {
-namespace {
 
-/// Never destroyed: a background thread may read it while the process ends.
-const ProcessValues* current = nullptr;
-
-}  // namespace
-
-const ProcessValues& processValues() {
-  assert(current != nullptr);
-  return *current;
-}
-
-const ProcessValues& fixProcessValues(const std::vector<std::string>& argumentVector) {
-  auto values = std::make_unique<ProcessValues>();
-  values->bundle = platform::bundleOf(platform::executableLocation());
-  values->engineAppURL = values->bundle.location / "Contents/Frameworks/Nimbra Engine.app";
-  values->engineBinary = locateEngineBinary(values->engineAppURL);
+ProcessValues fixProcessValues(const std::vector<std::string>& argumentVector,
+                               const platform::Path& executable) {
+  ProcessValues values;
+  LaunchRequest& request = values.request;
+  values.bundle = platform::bundleOf(executable);
+  values.engineAppURL = values.bundle.location / "Contents/Frameworks/Nimbra Engine.app";
+  request.engineBinary = locateEngineBinary(values.engineAppURL);
   if (!argumentVector.empty()) {
-    values->programPath = argumentVector.front();
-    values->originalArgs.assign(argumentVector.begin() + 1, argumentVector.end());
+    values.programPath = argumentVector.front();
+    request.originalArgs.assign(argumentVector.begin() + 1, argumentVector.end());
   }
-  values->userDataDir = userDataDirFromArgs(values->originalArgs);
-  values->overlayURL = overlayFileURL(values->userDataDir);
-  values->overlay = loadOverlayKeys(values->overlayURL);
-  values->needsWindow = needsDiscovery(values->overlay);
-  current = values.release();
-  return *current;
+  request.userDataDir = userDataDirFromArgs(request.originalArgs);
+  values.overlayURL = overlayFileURL(request.userDataDir);
+  request.overlay = loadOverlayKeys(values.overlayURL);
+  values.needsWindow = needsDiscovery(request.overlay);
+  return values;
 }
 
 }  // namespace quillon

@@ -1,9 +1,5 @@
 #include "overlay/webgl_catalogue.h"
 
-#include <utility>
-
-#include "platform/system/process.h"
-
 namespace quillon {
 namespace {
 
@@ -41,8 +37,7 @@ std::vector<std::string> switchesOfWebglProfile(const JsonObject& catalogue,
   for (const auto& [name, value] : profile->members()) {
     const std::string text = switchValueText(value);
     if (name.starts_with('_') || text.empty()) continue;
-    std::string engineSwitch = std::string("--").append(name).append("=").append(text);
-    if (platform::isPassableArgument(engineSwitch)) switches.push_back(std::move(engineSwitch));
+    switches.push_back(std::string("--").append(name).append("=").append(text));
   }
   return switches;
 }

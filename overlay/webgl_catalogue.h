@@ -24,8 +24,7 @@ struct CataloguePlaces {
 [[nodiscard]] std::optional<platform::Path> webglCatalogueURL(const CataloguePlaces& places);
 
 /// The switches of one profile of a catalogue, in the file's order. An entry gives none when its
-/// name begins with "_" or its value is null, has an
-/// empty text or makes no argument that a process can be given.
+/// name begins with "_" or its value is null or has an empty text.
 [[nodiscard]] std::vector<std::string> switchesOfWebglProfile(const platform::JsonObject& catalogue,
                                                               std::string_view profileName);
 

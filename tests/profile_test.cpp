@@ -4,7 +4,7 @@
 #include <set>
 
 #include "launch_fixture.h"
-#include "profile/hygiene.h"
+#include "profile/profile_cleaning.h"
 
 namespace quillon {
 namespace {
@@ -54,12 +54,24 @@ Items removedFrom(const TemporaryFolder& profile) {
   return removed;
 }
 
+void closeTabs(const Path& profile) {
+  ProfileItems items;
+  clearPreviousTabs(items);
+  removeFromProfile(profile, items);
+}
+
+void reset(const Path& profile, const std::map<std::string, bool>& keys) {
+  ProfileItems items;
+  resetGranularStorage(items, keys);
+  removeFromProfile(profile, items);
+}
+
 TEST(PreviousTabs, RemovesTheFiveItemsAndNothingElse) {
   const TemporaryFolder profile;
   fill(profile);
-  clearPreviousTabs(profile.path());
+  closeTabs(profile.path());
   EXPECT_EQ(itemsOfKeys.at("(tabs)"), removedFrom(profile));
-  clearPreviousTabs(profile.path() / "missing");
+  closeTabs(profile.path() / "missing");
 }
 
 TEST(StorageReset, RemovesWhatItsKeysSelect) {
@@ -76,11 +88,11 @@ TEST(StorageReset, RemovesWhatItsKeysSelect) {
     everything.insert(items.begin(), items.end());
   }
   rows.push_back({{{"all", true}, {"cookies", false}}, everything});
-  for (const auto& [reset, removed] : rows) {
+  for (const auto& [keys, removed] : rows) {
     const TemporaryFolder profile;
     fill(profile);
-    resetGranularStorage(profile.path(), reset);
-    EXPECT_EQ(removed, removedFrom(profile)) << reset.begin()->first;
+    reset(profile.path(), keys);
+    EXPECT_EQ(removed, removedFrom(profile)) << keys.begin()->first;
   }
 }
 
@@ -98,7 +110,7 @@ TEST(StorageReset, LinksAreRemovedAsLinksAndNeverFollowed) {
   link(outside.path(), "Default/Network");
   link(outside.path(), "Default/IndexedDB/inside");
   link("..", "Default/IndexedDB/up");
-  resetGranularStorage(profile.path(), {{"all", true}});
+  reset(profile.path(), {{"all", true}});
   for (const char* item :
        {"ShaderCache", "Default/Cookies", "Default/Cookies-journal", "Default/IndexedDB"}) {
     EXPECT_FALSE(profile.has(item)) << item;
@@ -112,8 +124,8 @@ TEST(StorageReset, LinkedDefaultIsLeftAlone) {
   fill(elsewhere);
   const TemporaryFolder profile;
   fs::create_symlink(elsewhere.path() / "Default", profile.path() / "Default");
-  resetGranularStorage(profile.path(), {{"all", true}});
-  clearPreviousTabs(profile.path());
+  reset(profile.path(), {{"all", true}});
+  closeTabs(profile.path());
   EXPECT_EQ(Items(), removedFrom(elsewhere));
 }
 
@@ -131,7 +143,7 @@ TEST(StorageReset, WhatCannotBeRemovedDoesNotKeepTheRest) {
   const std::vector<Path> locked{profile.path() / "Default/Cookies",
                                  profile.path() / "Default/Local Storage/deep"};
   for (const Path& folder : locked) fs::permissions(folder, fs::perms::owner_read);
-  resetGranularStorage(profile.path(), {{"all", true}});
+  reset(profile.path(), {{"all", true}});
   for (const Path& folder : locked) {
     fs::permissions(folder, fs::perms::owner_all);
     EXPECT_FALSE(fs::is_empty(folder)) << folder;

@@ -35,10 +35,6 @@ class Environment {
 /// starts its child. For the main thread, before a UI toolkit that changes some is loaded.
 void keepSignalDispositions();
 
-/// Whether a text reaches a child as an argument, whole: Linux takes less than 128 KiB, and a NUL
-/// would end it.
-[[nodiscard]] bool isPassableArgument(std::string_view text);
-
 /// What became of a child process.
 struct ChildRun {
   /// Why it could not be started, as an errno value; 0 when it ran. Otherwise nothing below counts.

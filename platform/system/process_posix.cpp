@@ -206,11 +206,6 @@ void keepSignalDispositions() {
   dispositionsAreKept = true;
 }
 
-bool isPassableArgument(std::string_view text) {
-  constexpr std::size_t linuxLimit = std::size_t{128} << 10;  // with the final NUL
-  return text.size() < linuxLimit && text.find('\0') == std::string_view::npos;
-}
-
 ChildRun runChild(const Path& executable, const std::vector<std::string>& arguments,
                   std::chrono::milliseconds timeLimit, std::size_t outputLimit) {
   const auto deadline = Clock::now() + timeLimit;

@@ -7,10 +7,9 @@
 #include "engine/engine_spawn.h"
 #include "engine/override_switches.h"
 #include "overlay/overlay_keys.h"
-#include "platform/system/process.h"
 #include "platform/text/json.h"
 #include "platform/text/text.h"
-#include "profile/storage_selection.h"
+#include "profile/profile_items.h"
 #include "splash/overrides_summary.h"
 #include "splash/splash_window.h"
 #include "tools/fuzz/require.h"
@@ -23,7 +22,6 @@ using fuzz::require;
 void checkSwitches(const OverlayKeys& keys) {
   const SwitchList switches = machineSwitches(keys, {std::uint64_t{16} << 30, 8});
   require(!switches.empty());
-  require(std::all_of(switches.begin(), switches.end(), platform::isPassableArgument));
   require(switches.back() == keys.startPage || switches.back() == "chrome://version");
   const SwitchList debugging = debuggingSwitches(keys.cdpTcpPort, {});
   require(debugging.empty() || debugging.size() == 2);
@@ -54,7 +52,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   require(keys.onProxyFail == "block" || keys.onProxyFail == "fallback");
   require(keys.startPage.empty() || keys.closePreviousTabs);
   require(!needsDiscovery(keys) || keys.webrtcNoLeak || wantsMoreThanAddress(keys));
-  require(selectedItems(keys.granularStorageReset).size() <= 17);
+  ProfileItems removals;
+  resetGranularStorage(removals, keys.granularStorageReset);
+  require(removals.size() <= 17);
   checkSwitches(keys);
   checkSummary(*overlay);
   // What the launcher shows of a value is text that it can read back.

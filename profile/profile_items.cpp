@@ -1,15 +1,23 @@
-#include "profile/storage_selection.h"
+#include "profile/profile_items.h"
 
 #include <array>
 
 namespace quillon {
 namespace {
 
-using enum StoredItem::Base;
+using enum ProfileItem::Base;
+
+constexpr std::array<ProfileItem, 5> sessionItems{{
+    {defaultProfile, "Current Tabs"},
+    {defaultProfile, "Current Session"},
+    {defaultProfile, "Last Tabs"},
+    {defaultProfile, "Last Session"},
+    {defaultProfile, "Sessions"},
+}};
 
 struct ResetRow {
   std::string_view key;
-  StoredItem item;
+  ProfileItem item;
 };
 
 /// A key stands in a row for each of its items.
@@ -35,7 +43,12 @@ constexpr std::array<ResetRow, 17> resetTable{{
 
 }  // namespace
 
-std::vector<StoredItem> selectedItems(const std::map<std::string, bool>& granularStorageReset) {
+void clearPreviousTabs(ProfileItems& removals) {
+  removals.insert(removals.end(), sessionItems.begin(), sessionItems.end());
+}
+
+void resetGranularStorage(ProfileItems& removals,
+                          const std::map<std::string, bool>& granularStorageReset) {
   const auto isTrue = [&](std::string_view key) {
     const auto entry = granularStorageReset.find(std::string(key));
     return entry != granularStorageReset.end() && entry->second;
@@ -43,12 +56,10 @@ std::vector<StoredItem> selectedItems(const std::map<std::string, bool>& granula
   const bool all = isTrue("all");
   // The cache storage lies inside what the service workers' row removes whole.
   const bool withServiceWorkers = all || isTrue("service_workers");
-  std::vector<StoredItem> items;
   for (const ResetRow& row : resetTable) {
     if (row.key == "cache_storage" && withServiceWorkers) continue;
-    if (all || isTrue(row.key)) items.push_back(row.item);
+    if (all || isTrue(row.key)) removals.push_back(row.item);
   }
-  return items;
 }
 
 }  // namespace quillon

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/system/system.h"
+
+namespace quillon {
+
+/// How the launcher ends.
+enum class ExitStatus {
+  /// The engine was started, or the user closed the window.
+  success = 0,
+  /// The engine cannot be started.
+  fatalFailure = 1,
+  /// The discovery failed, and the overlay wants no engine then.
+  blocked = 42,
+};
+
+/// Ends the process at once, whatever other threads do.
+[[noreturn]] inline void leave(ExitStatus status) {
+  platform::endProcess(static_cast<int>(status));
+}
+
+}  // namespace quillon

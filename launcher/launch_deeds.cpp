@@ -1,0 +1,27 @@
+#include "launcher/launch_deeds.h"
+
+#include "engine/engine_spawn.h"
+#include "launcher/fatal_report.h"
+#include "overlay/webgl_catalogue.h"
+#include "platform/system/system.h"
+#include "profile/profile_cleaning.h"
+#include "reports/launch_result.h"
+
+namespace quillon {
+
+LaunchFacts gatherFacts(const ProcessValues& values) {
+  return {{platform::physicalMemory(), platform::activeProcessorCount()},
+          webglProfileSwitches(values.request.overlay.webglProfile, values.cataloguePlaces())};
+}
+
+void carryOut(const LaunchPlan& plan) {
+  if (!plan.removals.empty()) removeFromProfile(*plan.userDataDir, plan.removals);
+  writeResultFile(plan.userDataDir, plan.result);
+  if (!plan.engineArguments.empty()) {
+    const auto error = spawnEngine(plan.engineArguments);
+    if (error) reportFatalLaunchFailure(fatalMessage(*error));
+  }
+  leave(plan.exitStatus);
+}
+
+}  // namespace quillon
