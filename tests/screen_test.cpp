@@ -1,11 +1,15 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/un.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
+#include <deque>
 #include <future>
 #include <memory>
 #include <optional>
@@ -157,9 +161,7 @@ class ScreenLaunch {
   ScreenLaunch(const std::string& overlay, const std::vector<std::string>& environment)
       : launch(overlay) {
     while (!firstWindow().empty()) std::this_thread::sleep_for(10ms);
-    for (const char* name : {"DISPLAY", "NO_AT_BRIDGE"}) {
-      launch.environment.push_back(std::string(name) + "=" + given(name));
-    }
+    launch.environment.push_back("DISPLAY=" + given("DISPLAY"));
     launch.environment.insert(launch.environment.begin(), environment.begin(), environment.end());
     outcome_ = std::async(std::launch::async, [this] { return launch.run(); });
   }
@@ -180,6 +182,10 @@ class ScreenLaunch {
     return end();
   }
   [[nodiscard]] Outcome end() { return outcome_.get(); }
+  /// What runs with the launch's own home folder in its environment.
+  [[nodiscard]] std::string leftBehind() const {
+    return outputOf("grep -als " + launch.home.path().native() + " /proc/[0-9]*/environ");
+  }
 
   Launch launch;
 
@@ -206,8 +212,14 @@ std::string overlayWith(const std::string& proxy, const std::string& more = "") 
 // Nobody listens on port 1.
 constexpr const char* deadProxy = "socks5://127.0.0.1:1";
 
-TEST(Screen, SuccessfulLaunchTicksOffItsStepsInOrderAtDoubleScale) {
-  ScreenLaunch running(overlayWith(given("QUILLON_PROXY")), {"GDK_SCALE=2"});
+TEST(Screen, SuccessfulLaunchTicksOffItsStepsInOrderAtDoubleScaleAndHidesForTheEngine) {
+  const TemporaryFolder folder;
+  folder.write("engine",
+               "#!/bin/sh\nxdotool getdisplaygeometry search --onlyvisible --name Prep "
+               ">$HOME/seen\nexec " STAND_IN_ENGINE);
+  std::filesystem::permissions(folder.path() / "engine", std::filesystem::perms::owner_all);
+  ScreenLaunch running(overlayWith(given("QUILLON_PROXY")),
+                       {"GDK_SCALE=2", "QUILLON_ENGINE_BIN=" + folder.path().native() + "/engine"});
   const std::string window = running.window();
   std::vector<int> ticked;
   while (running.isRunning(1ms)) {
@@ -224,6 +236,8 @@ TEST(Screen, SuccessfulLaunchTicksOffItsStepsInOrderAtDoubleScale) {
   const Outcome outcome = running.end();
   EXPECT_EQ(0, outcome.status);
   EXPECT_FALSE(outcome.engine.empty());
+  EXPECT_EQ("1280 1024\n", contentOf(running.launch.home.path() / "seen")) << "not hidden";
+  EXPECT_EQ("", running.leftBehind());
   ASSERT_FALSE(ticked.empty());
   EXPECT_TRUE(std::is_sorted(ticked.begin(), ticked.end()));
   EXPECT_GT(ticked.back(), 0);
@@ -292,7 +306,33 @@ TEST(Screen, AlertComesBehindItsLineOnStandardErrorAndEndsByAnyKeyMeantForIt) {
     EXPECT_LT(picture.width, 1000);
     EXPECT_LT(picture.height, 700);
     EXPECT_EQ(1, running.endBy(keys).status);
+    EXPECT_EQ("", running.leftBehind());
   }
+}
+
+TEST(Screen, DisplayThatNeverAnswersHoldsALaunchUpForFiveSeconds) {
+  // A socket that stands for a display of either kind.
+  const std::string number = "40" + given("DISPLAY").substr(1);
+  sockaddr_un address{AF_UNIX, {}};
+  const std::string socket = std::strcpy(address.sun_path, ("/tmp/.X11-unix/X" + number).c_str());
+  const int mute = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  ASSERT_TRUE(::bind(mute, reinterpret_cast<sockaddr*>(&address), sizeof(address)) == 0 &&
+              ::listen(mute, 8) == 0);
+  const std::string windowed = overlayWith(deadProxy, R"(,"on-proxy-fail":"fallback")");
+  std::deque<Launch> launches;
+  std::vector<std::future<Outcome>> outcomes;
+  for (int i = 0; i < 4; ++i) {
+    Launch& launch = launches.emplace_back(i % 2 == 0 ? windowed : "{}");
+    launch.environment.push_back(i < 2 ? "DISPLAY=:" + number : "WAYLAND_DISPLAY=" + socket);
+    if (i % 2 == 1) launch.engine = "/nowhere";
+    outcomes.push_back(std::async(std::launch::async, [&launch] { return launch.run(); }));
+  }
+  for (int i = 0; i < 4; ++i) {
+    const Outcome outcome = outcomes[std::size_t(i)].get();
+    EXPECT_TRUE(outcome.elapsed >= 5s && outcome.elapsed < 9s) << outcome.elapsed.count();
+    EXPECT_TRUE(outcome.status == i % 2 && outcome.engine.empty() == (i % 2 == 1)) << i;
+  }
+  std::filesystem::remove(socket);
 }
 
 TEST(Screen, ModuleOfAnotherBuildIsRefused) {

@@ -2,13 +2,16 @@
 
 #include <cstdlib>
 #include <map>
+#include <optional>
 #include <string_view>
 
 #include "build_identity.h"
 #include "platform/ui/backend.h"
+#include "platform/ui/gtk/display_answer.h"
 #include "platform/ui/gtk/lost_display.h"
 #include "platform/ui/gtk/screen_alert.h"
 #include "platform/ui/gtk/screen_window.h"
+#include "platform/ui/gtk/session_bus.h"
 #include "platform/ui/gtk/silenced_standard_error.h"
 
 namespace quillon::platform::ui {
@@ -41,6 +44,9 @@ void silenceToolkit() {
 
 bool initializeToolkit() {
   const SilencedStandardError silenced;
+  const std::optional<Connection> display = answerOfDisplay();
+  if (!display) return false;
+  doWithoutMissingSessionBus();
   // Numbers and system messages look the same with and without a window.
   gtk_disable_setlocale();
   return gtk_init_check(nullptr, nullptr) != FALSE;

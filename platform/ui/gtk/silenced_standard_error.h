@@ -3,7 +3,7 @@
 namespace quillon::platform::ui {
 
 /// Standard error goes nowhere as long as the object stands: the libraries of a display write to
-/// the descriptor itself. For the main thread while no other one runs.
+/// the descriptor itself. For the main thread while no other one has anything to say there.
 class SilencedStandardError {
  public:
   SilencedStandardError();
