@@ -1,5 +1,7 @@
 #include "platform/ui/gtk/frame_label.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <string>
 
@@ -96,6 +98,29 @@ float horizontalPlace(Alignment alignment) {
   return 0;
 }
 
+/// A sign that stands alone in a label, and what says the same, down to what every font has.
+struct StandIns {
+  std::string_view sign;
+  std::array<const char*, 3> others;
+};
+constexpr std::array<StandIns, 3> standIns{{{"\u23F3", {"\u25CB", "\u2026", "..."}},
+                                            {"\u2713", {"\u2714", "\u221A", "+"}},
+                                            {"\u00D7", {"\u2715", "\u2A2F", "x"}}}};
+
+bool fontsHaveTextOf(GtkLabel* label) {
+  return pango_layout_get_unknown_glyphs_count(gtk_label_get_layout(label)) == 0;
+}
+
+/// Instead of a box with the sign's number.
+void replaceUnknownSign(GtkLabel* label, std::string_view sign) {
+  const auto* const known = std::ranges::find(standIns, sign, &StandIns::sign);
+  if (known == standIns.end() || fontsHaveTextOf(label)) return;
+  for (const char* other : known->others) {
+    gtk_label_set_text(label, other);
+    if (fontsHaveTextOf(label)) return;
+  }
+}
+
 }  // namespace
 
 GtkWidget* makeFrameLabel(const Label& label) {
@@ -116,6 +141,7 @@ GtkWidget* makeFrameLabel(const Label& label) {
 
 void setFrameLabelText(GtkWidget* frameLabel, std::string_view text) {
   gtk_label_set_text(GTK_LABEL(frameLabel), displayText(text).get());
+  replaceUnknownSign(GTK_LABEL(frameLabel), text);
 }
 
 void setFrameLabelColor(GtkWidget* frameLabel, Color color) {

@@ -16,6 +16,7 @@ namespace quillon::platform::ui {
 /// the container, which gets the only (floating) reference.
 [[nodiscard]] GtkWidget* makeFrameLabel(const Label& label);
 
+/// A sign for a step's state that no font at hand has is shown by another one that says the same.
 void setFrameLabelText(GtkWidget* frameLabel, std::string_view text);
 void setFrameLabelColor(GtkWidget* frameLabel, Color color);
 
