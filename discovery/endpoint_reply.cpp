@@ -21,7 +21,7 @@ std::string coordinateOf(const JsonObject& object, std::string_view key) {
 
 DiscoverResult readJsonReply(std::string_view reply) {
   DiscoverResult result;
-  const auto object = platform::parseJsonObject(reply);
+  const auto object = platform::parseJsonObject(reply, platform::JsonDepth::members);
   if (!object) return result;
   result.ip = textOf(*object, "ip");
   result.countryCode = textOf(*object, "country_code");
@@ -33,10 +33,9 @@ DiscoverResult readJsonReply(std::string_view reply) {
 
 DiscoverResult readBareReply(std::string_view reply) {
   DiscoverResult result;
-  for (const std::string_view line : platform::nonEmptyLines(reply)) {
-    result.ip = platform::trimBlanks(line);
-    if (!result.ip.empty()) break;
-  }
+  // White space is blanks and line breaks: what follows it stands in the first line with anything.
+  const std::string_view line = platform::firstLine(platform::skipWhitespace(reply));
+  result.ip = platform::trimBlanks(line);
   return result;
 }
 

@@ -15,6 +15,8 @@ namespace {
 /// Open containers are kept on a stack and handed to their parent when they close.
 class TreeBuilder {
  public:
+  explicit TreeBuilder(JsonDepth depth) : depth_(depth) {}
+
   using number_integer_t = std::int64_t;
   using number_unsigned_t = std::uint64_t;
   using number_float_t = double;
@@ -33,6 +35,7 @@ class TreeBuilder {
 
   bool start_object(std::size_t) { return open(Container{std::vector<JsonMember>()}); }
   bool key(std::string& name) {
+    if (isPassedOver()) return true;
     std::get<std::vector<JsonMember>>(containers_.back()).push_back({name, {}});
     return true;
   }
@@ -70,8 +73,14 @@ class TreeBuilder {
     return true;
   }
 
+  /// Whether the values of the innermost open container are not kept.
+  [[nodiscard]] bool isPassedOver() const {
+    return depth_ == JsonDepth::members && containers_.size() > 1;
+  }
+
   bool add(JsonValue value) {
     if (containers_.empty()) return false;
+    if (isPassedOver()) return true;
     if (auto* members = std::get_if<std::vector<JsonMember>>(&containers_.back())) {
       members->back().value = std::move(value);
     } else {
@@ -80,6 +89,7 @@ class TreeBuilder {
     return true;
   }
 
+  JsonDepth depth_;
   std::vector<Container> containers_;
   JsonObject root_;
 };
@@ -183,11 +193,11 @@ const JsonValue* JsonObject::find(std::string_view key) const {
   return &members_[sought->position].value;
 }
 
-std::optional<JsonObject> parseJsonObject(std::string_view text) {
+std::optional<JsonObject> parseJsonObject(std::string_view text, JsonDepth depth) {
   // The library takes a NUL for the end of the text. JSON has none outside an escape.
   if (text.find('\0') != std::string_view::npos) return std::nullopt;
   try {
-    TreeBuilder builder;
+    TreeBuilder builder(depth);
     if (!nlohmann::json::sax_parse(text.begin(), text.end(), &builder)) return std::nullopt;
     return builder.takeRoot();
   } catch (const std::exception&) {

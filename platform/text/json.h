@@ -88,10 +88,15 @@ const Kind* JsonObject::find(std::string_view key) const {
 /// Containers nested deeper than this make a text unreadable.
 inline constexpr std::size_t maxJsonDepth = 512;
 
+/// How much of a text is kept: all, or the object's own members with nothing in the arrays and
+/// objects among them. Those are read all the same, but take no memory.
+enum class JsonDepth { all, members };
+
 /// Reads a text whose top level is an object. A leading UTF-8 byte-order mark is accepted.
 /// Nothing when the text is not valid JSON or not valid UTF-8, has another top level, is nested
 /// deeper than `maxJsonDepth`, or holds a number beyond the range of a double (1e999).
-[[nodiscard]] std::optional<JsonObject> parseJsonObject(std::string_view text);
+[[nodiscard]] std::optional<JsonObject> parseJsonObject(std::string_view text,
+                                                        JsonDepth depth = JsonDepth::all);
 
 /// The value as JSON text without added whitespace, members in file order.
 [[nodiscard]] std::string compactJsonText(const JsonValue& value);

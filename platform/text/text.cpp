@@ -131,22 +131,14 @@ std::string_view skipWhitespace(std::string_view text) {
   return text;
 }
 
-std::vector<std::string_view> nonEmptyLines(std::string_view text) {
-  std::vector<std::string_view> lines;
-  std::size_t start = 0;
-  const auto endLine = [&](std::size_t end) {
-    if (end > start) lines.push_back(text.substr(start, end - start));
-  };
-  for (std::size_t position = 0; position < text.size();) {
-    const CodePoint next = firstCodePoint(text.substr(position));
-    if (isLineBreak(next.value)) {
-      endLine(position);
-      start = position + next.length;
-    }
-    position += next.length;
+std::string_view firstLine(std::string_view text) {
+  std::size_t length = 0;
+  while (length < text.size()) {
+    const CodePoint next = firstCodePoint(text.substr(length));
+    if (isLineBreak(next.value)) break;
+    length += next.length;
   }
-  endLine(text.size());
-  return lines;
+  return text.substr(0, length);
 }
 
 std::string upperCased(std::string_view text) {

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <vector>
 
 /// Text by the rules of Unicode. Every string is UTF-8; views returned point into the argument.
 /// "Character" means a user-perceived character, an extended grapheme cluster (UAX #29). Bytes
@@ -28,8 +27,8 @@ namespace quillon::platform {
 /// Without leading characters of the property White_Space, line breaks included.
 [[nodiscard]] std::string_view skipWhitespace(std::string_view text);
 
-/// The non-empty lines, parted at U+000A to U+000D, U+0085, U+2028 and U+2029.
-[[nodiscard]] std::vector<std::string_view> nonEmptyLines(std::string_view text);
+/// What stands before the first line break: U+000A to U+000D, U+0085, U+2028 or U+2029.
+[[nodiscard]] std::string_view firstLine(std::string_view text);
 
 /// Full upper-casing: a letter may become several ("ß" gives "SS").
 [[nodiscard]] std::string upperCased(std::string_view text);
