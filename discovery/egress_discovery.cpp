@@ -72,6 +72,12 @@ std::optional<std::vector<std::string>> curlArguments(const DiscoveryRequest& re
   return arguments;
 }
 
+platform::Environment curlEnvironment(const DiscoveryRequest& request,
+                                      const platform::Environment& inherited) {
+  static constexpr std::array<std::string_view, 2> waysAround{"no_proxy", "NO_PROXY"};
+  return request.proxyServer.empty() ? inherited : inherited.without(waysAround);
+}
+
 DiscoverResult interpretCurlRun(const platform::ChildRun& run, std::int64_t elapsedMs,
                                 const DiscoveryRequest& request) {
   if (run.startError != 0) {
@@ -113,7 +119,8 @@ DiscoverResult discoverEgress(const std::string& proxyServer, const std::string&
                    0);
   }
   const auto start = std::chrono::steady_clock::now();
-  const platform::ChildRun run = platform::runChild(curl, *arguments, curlPatience, replyLimit);
+  const platform::ChildRun run = platform::runChild(
+      {curl, *arguments, curlEnvironment(request, platform::startEnvironment())}, curlLimits);
   const auto elapsed = std::chrono::steady_clock::now() - start;
   return interpretCurlRun(
       run, std::chrono::duration_cast<std::chrono::milliseconds>(elapsed).count(), request);

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "platform/files/files.h"
-#include "platform/system/process.h"
+#include "platform/system/child_run.h"
 
 /// One attempt to learn the address that a proxy exits from. Any thread.
 namespace quillon {
@@ -34,12 +34,10 @@ struct DiscoverResult {
 
 inline constexpr const char* curlExecutable = "/usr/bin/curl";
 
-/// A longer reply, hundreds of times what an endpoint answers, has no usable address. What is taken
-/// from a shorter one always fits into an argument of the engine.
-inline constexpr std::size_t replyLimit = std::size_t{64} << 10;
-
-/// curl's own limit is ten seconds; one that is still there after these is killed.
-inline constexpr std::chrono::milliseconds curlPatience{15000};
+/// curl's own limit is ten seconds; one that is still there after fifteen is killed. A reply above
+/// 16 MiB, which no honest endpoint sends, has no usable address; its head is kept for the message.
+inline constexpr platform::ChildLimits curlLimits{std::chrono::seconds(15), std::size_t{16} << 20,
+                                                  std::size_t{64} << 10};
 
 /// What an attempt asks for.
 struct DiscoveryRequest {
@@ -52,6 +50,11 @@ struct DiscoveryRequest {
 /// Nothing when the proxy has another scheme.
 [[nodiscard]] std::optional<std::vector<std::string>> curlArguments(
     const DiscoveryRequest& request);
+
+/// What curl finds in its environment, given what this process found: all of it, but through a
+/// proxy nothing that makes curl go around it.
+[[nodiscard]] platform::Environment curlEnvironment(const DiscoveryRequest& request,
+                                                    const platform::Environment& inherited);
 
 /// What a run of curl means.
 [[nodiscard]] DiscoverResult interpretCurlRun(const platform::ChildRun& run, std::int64_t elapsedMs,

@@ -5,7 +5,7 @@
 #include <charconv>
 #include <utility>
 
-#include "platform/system/process.h"
+#include "platform/system/new_session.h"
 #include "platform/system/system.h"
 
 namespace quillon {

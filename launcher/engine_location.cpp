@@ -2,7 +2,7 @@
 
 #include <system_error>
 
-#include "platform/system/process.h"
+#include "platform/system/environment.h"
 
 namespace quillon {
 

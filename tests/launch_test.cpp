@@ -9,7 +9,7 @@
 
 #include "discovery/egress_discovery.h"
 #include "launch_fixture.h"
-#include "platform/system/process.h"
+#include "platform/system/child_run.h"
 
 namespace quillon::tests {
 namespace {
@@ -166,10 +166,10 @@ TEST(ChromiumLaunch, RunningBrowserHasOurSwitchesAndAnswersOnLoopback) {
   const std::string own = std::to_string(::getpid());
   const std::string browser = contentOf("/proc/" + own + "/task/" + own + "/children");
   const auto version = platform::runChild(
-      curlExecutable,
-      {"--silent", "--fail", "--retry", "30", "--retry-delay", "1", "--retry-connrefused",
-       std::string("http://127.0.0.1:") + port + "/json/version"},
-      std::chrono::seconds(40), 10000);
+      {curlExecutable,
+       {"--silent", "--fail", "--retry", "30", "--retry-delay", "1", "--retry-connrefused",
+        std::string("http://127.0.0.1:") + port + "/json/version"}},
+      {std::chrono::seconds(40), 10000, 10000});
   EXPECT_EQ(0, version.exitStatus);
   EXPECT_NE(std::string::npos, version.output.find("webSocketDebuggerUrl")) << version.output;
   const std::string started = contentOf("/proc/" + std::to_string(std::stoi(browser)) + "/cmdline");

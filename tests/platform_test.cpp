@@ -1,14 +1,20 @@
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
+#include <thread>
 
 #include "launch_fixture.h"
 #include "platform/dispatch/dispatch.h"
+#include "platform/files/descriptor.h"
 #include "platform/files/files.h"
-#include "platform/system/process.h"
+#include "platform/system/child_run.h"
+#include "platform/system/system.h"
 #include "platform/text/json.h"
 #include "platform/text/text.h"
 
@@ -153,16 +159,16 @@ TEST(Files, RemovesDeepTreesWithFewDescriptorsAndKeepsLinkTargets) {
 }
 
 ChildRun runShell(const std::string& script, std::chrono::milliseconds limit = 10s) {
-  return runChild("/bin/sh", {"-c", script}, limit, 1000);
+  return runChild({"/bin/sh", {"-c", script}}, {limit, 1000, 100});
 }
 
 TEST(Process, TellsHowAChildEnded) {
   EXPECT_EQ(7, runShell("exit 7").exitStatus);
   EXPECT_EQ(128 + SIGTERM, runShell("kill -TERM $$").exitStatus);
-  EXPECT_EQ(ENOENT, runChild("/missing", {}, 1s, 1).startError);
+  EXPECT_EQ(ENOENT, runChild({"/missing", {}}, {1s, 1, 1}).startError);
   const ChildRun flooded = runShell("head -c 3000000 /dev/zero >&2; head -c 2000000 /dev/zero");
   EXPECT_EQ(0, flooded.exitStatus);
-  EXPECT_EQ(1000U, flooded.output.size());
+  EXPECT_EQ(100U, flooded.output.size());
   EXPECT_EQ(2000000U, flooded.outputBytes);
 }
 
@@ -174,9 +180,47 @@ TEST(Process, NeverWaitsBeyondItsLimit) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, 10s);
 }
 
-TEST(Process, StatusSurvivesAnIgnoredSigchldWhichStaysIgnored) {
+TEST(Process, ChildGetsThreeStreamsAndTheStartsEnvironmentAndMask) {
+  (void)startEnvironment();
+  ::setenv("QUILLON_LATE", "x", 1);
+  const UniqueFd inherited(::dup(STDIN_FILENO));
+  EXPECT_EQ(
+      "[] 0 1 2 3 SigBlk: 0000000000000000\n",
+      runShell("echo [$QUILLON_LATE] $(ls /dev/fd/) $(grep SigBlk /proc/self/status)").output);
+}
+
+TEST(Process, ChildEndsWithTheProcessByEveryWayOut) {
+  for (const int signal : {SIGHUP, SIGINT, SIGTERM, 0}) {
+    // The child holds one end as its standard input, and says there that it runs.
+    std::array<int, 2> ends{};
+    ASSERT_EQ(0, ::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()));
+    char byte = 0;
+    const pid_t process = ::fork();
+    if (process == 0) {
+      ::dup2(ends[1], STDIN_FILENO);
+      std::thread([] { (void)runShell("echo >&0; exec sleep 30", 30s); }).detach();
+      endProcess(::read(ends[1], &byte, 1) == 1 ? 7 : 1);
+    }
+    ::close(ends[1]);
+    ASSERT_EQ(1, ::read(ends[0], &byte, 1));
+    ASSERT_EQ(0, signal == 0 ? ::write(ends[0], "x", 1) - 1 : ::kill(process, signal));
+    pollfd end{ends[0], POLLIN, 0};
+    EXPECT_EQ(1, ::poll(&end, 1, 5000)) << "the process or its child lives on";
+    ::kill(process, SIGKILL);
+    int status = 0;
+    ::waitpid(process, &status, 0);
+    EXPECT_EQ(signal == 0 ? 7 << 8 : signal, status);
+    ::close(ends[0]);
+  }
+}
+
+TEST(Process, IgnoredSignalsStayIgnoredAndTheStatusSurvivesThat) {
   const auto before = std::signal(SIGCHLD, SIG_IGN);
-  EXPECT_EQ(7, runShell("exit 7").exitStatus);
+  const auto hangUp = std::signal(SIGHUP, SIG_IGN);
+  const ChildRun run = runShell("grep SigIgn /proc/$PPID/status | tail -c 2; exit 7");
+  EXPECT_EQ("1\n", run.output) << "the last digit: SIGHUP is, SIGINT is not";
+  EXPECT_EQ(7, run.exitStatus);
+  EXPECT_EQ(SIG_IGN, std::signal(SIGHUP, hangUp));
   EXPECT_EQ(SIG_IGN, std::signal(SIGCHLD, before));
 }
 

@@ -35,7 +35,7 @@ namespace quillon::platform {
 void writeToStandardError(std::string_view text);
 
 /// Ends the process at once, without destructors and exit handlers: other threads may be running,
-/// and nothing they use may be torn down under them.
+/// and nothing they use may be torn down under them. A child that `runChild` waits for is killed.
 [[noreturn]] void endProcess(int status);
 
 }  // namespace quillon::platform

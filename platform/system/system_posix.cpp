@@ -7,7 +7,8 @@
 #include <csignal>
 #include <cstring>
 
-#include "platform/system/process.h"
+#include "platform/system/child_leash.h"
+#include "platform/system/environment.h"
 
 namespace quillon::platform {
 
@@ -43,6 +44,7 @@ void writeToStandardError(std::string_view text) {
 }
 
 void endProcess(int status) {
+  while (!killLeashedChild()) ::pause();
   ::_exit(status);
 }
 

@@ -1,7 +1,8 @@
 #include "platform/ui/application.h"
 
 #include "platform/dispatch/dispatch.h"
-#include "platform/system/process.h"
+#include "platform/system/environment.h"
+#include "platform/system/signal_dispositions.h"
 #include "platform/ui/module.h"
 
 namespace quillon::platform::ui {

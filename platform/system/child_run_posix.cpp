@@ -1,0 +1,58 @@
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
+
+#include "platform/files/descriptor.h"
+#include "platform/system/child_run.h"
+#include "platform/system/drained_streams.h"
+#include "platform/system/leashed_child.h"
+#include "platform/system/spawn_parts.h"
+
+namespace quillon::platform {
+namespace {
+
+int exitStatusOf(int waitStatus) {
+  constexpr int signalBase = 128;
+  return WIFEXITED(waitStatus) ? WEXITSTATUS(waitStatus) : signalBase + WTERMSIG(waitStatus);
+}
+
+/// Starts the child with the pipes' write ends as its output streams.
+int spawnWithPipes(pid_t& id, const sigset_t& mask, const ChildCommand& command, const Pipe& output,
+                   const Pipe& errors) {
+  std::vector<std::string> argumentVector{command.executable.native()};
+  argumentVector.insert(argumentVector.end(), command.arguments.begin(), command.arguments.end());
+  SpawnFileActions actions;
+  SpawnAttributes attributes;
+  if (const int error = actions.duplicate(output.writeEnd, STDOUT_FILENO)) return error;
+  if (const int error = actions.duplicate(errors.writeEnd, STDERR_FILENO)) return error;
+  if (const int error = keepOnlyStandardStreams(actions, attributes)) return error;
+  if (const int error = attributes.setSignalMask(mask)) return error;
+  return ::posix_spawn(&id, command.executable.c_str(), actions.get(), attributes.get(),
+                       pointersTo(argumentVector).data(), command.environment.entries());
+}
+
+}  // namespace
+
+ChildRun runChild(const ChildCommand& command, const ChildLimits& limits) {
+  const auto deadline = LeashedChild::Clock::now() + limits.time;
+  auto output = Pipe::open();
+  auto errors = Pipe::open();
+  if (!output || !errors) return {.startError = errno};
+  LeashedChild child;
+  const int error = child.start([&](pid_t& id, const sigset_t& mask) {
+    return spawnWithPipes(id, mask, command, *output, *errors);
+  });
+  if (error != 0) return {.startError = error};
+  output->writeEnd.reset();
+  errors->writeEnd.reset();
+  std::array<DrainedStream, 2> streams{
+      {{output->readEnd.get(), limits.outputBytes, limits.headBytes, {}},
+       {errors->readEnd.get(), 0, 0, {}}}};
+  drain(streams, deadline);
+  const int status = child.waitUntil(deadline);
+  return {0, exitStatusOf(status), std::move(streams[0].kept), streams[0].bytes};
+}
+
+}  // namespace quillon::platform

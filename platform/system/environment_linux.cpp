@@ -1,0 +1,11 @@
+#include <unistd.h>
+
+#include "platform/system/environment.h"
+
+namespace quillon::platform {
+
+char* const* liveEnvironment() {
+  return ::environ;
+}
+
+}  // namespace quillon::platform

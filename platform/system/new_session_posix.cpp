@@ -1,0 +1,17 @@
+#include "platform/system/environment.h"
+#include "platform/system/new_session.h"
+#include "platform/system/signal_dispositions.h"
+#include "platform/system/spawn_parts.h"
+
+namespace quillon::platform {
+
+int spawnInNewSession(const Path& executable, const std::vector<std::string>& argumentVector) {
+  restoreSignalDispositions();
+  SpawnAttributes attributes;
+  if (const int error = attributes.addFlags(POSIX_SPAWN_SETSID)) return error;
+  pid_t ignored = 0;
+  return ::posix_spawn(&ignored, executable.c_str(), nullptr, attributes.get(),
+                       pointersTo(argumentVector).data(), startEnvironment().entries());
+}
+
+}  // namespace quillon::platform

@@ -1,0 +1,29 @@
+#include <array>
+#include <csignal>
+
+#include "platform/system/signal_dispositions.h"
+
+namespace quillon::platform {
+namespace {
+
+/// SIGKILL and SIGSTOP are among them: asking is harmless, and putting back fails unnoticed.
+std::array<struct sigaction, NSIG> keptDispositions;
+bool dispositionsAreKept = false;
+
+}  // namespace
+
+void keepSignalDispositions() {
+  for (int number = 1; number < NSIG; ++number) {
+    ::sigaction(number, nullptr, &keptDispositions[static_cast<std::size_t>(number)]);
+  }
+  dispositionsAreKept = true;
+}
+
+void restoreSignalDispositions() {
+  if (!dispositionsAreKept) return;
+  for (int number = 1; number < NSIG; ++number) {
+    ::sigaction(number, &keptDispositions[static_cast<std::size_t>(number)], nullptr);
+  }
+}
+
+}  // namespace quillon::platform
