@@ -9,13 +9,12 @@ using platform::Folder;
 
 void removeFrom(const platform::Path& folder, Folder::LastLink lastLink, ProfileItem::Base base,
                 const ProfileItems& items) {
-  std::optional<Folder> open;
+  std::vector<std::string_view> paths;
   for (const ProfileItem& item : items) {
-    if (item.base != base) continue;
-    if (!open) open = Folder::open(folder, lastLink);
-    if (!open) return;
-    open->removeItem(item.path);
+    if (item.base == base) paths.push_back(item.path);
   }
+  if (paths.empty()) return;
+  if (const auto open = Folder::open(folder, lastLink)) open->removeItems(paths);
 }
 
 }  // namespace

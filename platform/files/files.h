@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -49,9 +50,10 @@ class Folder {
   /// Nothing when there is no such folder or it may not be read.
   static std::optional<Folder> open(const Path& path, LastLink lastLink);
 
-  /// Removes the item at a path below the folder, by the rules of `quillon::platform::removeItem`.
-  /// No link on the way is followed: below one, nothing counts as standing there.
-  bool removeItem(std::string_view relativePath) const;
+  /// Removes the items at paths below the folder, by the rules of `removeItem`. No link on the way
+  /// is followed: below one, nothing counts as standing there. While much is to be removed, up to
+  /// seven further threads take part; they handle no signals and have ended at the return.
+  void removeItems(std::span<const std::string_view> relativePaths) const;
 
  private:
   explicit Folder(UniqueFd descriptor) : descriptor_(std::move(descriptor)) {}

@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <new>
 
@@ -85,7 +86,11 @@ bool removeItem(const Path& path) {
   if (outcome != Unlinked::isFolder) return outcome == Unlinked::gone;
   const Path parent = path.has_parent_path() ? path.parent_path() : Path(".");
   const auto folder = Folder::open(parent, Folder::LastLink::follow);
-  return folder && folder->removeItem(path.filename().native());
+  if (!folder) return false;
+  const Path name = path.filename();
+  folder->removeItems(std::array<std::string_view, 1>{name.native()});
+  struct stat status {};
+  return ::lstat(path.c_str(), &status) != 0 && errno == ENOENT;
 }
 
 std::optional<Folder> Folder::open(const Path& path, LastLink lastLink) {
@@ -95,16 +100,8 @@ std::optional<Folder> Folder::open(const Path& path, LastLink lastLink) {
   return Folder(std::move(descriptor));
 }
 
-bool Folder::removeItem(std::string_view relativePath) const {
-  const std::size_t slash = relativePath.find('/');
-  if (slash == std::string_view::npos) {
-    return removeInFolder(descriptor_.get(), std::string(relativePath).c_str());
-  }
-  const std::string name(relativePath.substr(0, slash));
-  UniqueFd next(
-      ::openat(descriptor_.get(), name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-  if (!next.isOpen()) return errno == ENOENT || errno == ELOOP || errno == ENOTDIR;
-  return Folder(std::move(next)).removeItem(relativePath.substr(slash + 1));
+void Folder::removeItems(std::span<const std::string_view> relativePaths) const {
+  removeBelow(descriptor_.get(), relativePaths);
 }
 
 }  // namespace quillon::platform

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <span>
+#include <string_view>
+
 namespace quillon::platform {
 
 enum class Unlinked { gone, isFolder, failed };
@@ -8,10 +11,10 @@ enum class Unlinked { gone, isFolder, failed };
 /// `parent` (or AT_FDCWD).
 Unlinked unlinkFile(int parent, const char* path);
 
-/// Removes the item `name` in the folder open as `parent`: a file, a link as such, or a folder
-/// with everything below it. Whatever cannot be removed stays and the rest goes on. Needs three
-/// free descriptors and no stack per level, however deep the tree is. True when nothing of that
-/// name is left.
-bool removeInFolder(int parent, const char* name);
+/// Removes the items at these paths below the folder open as `base`: files, links as such, folders
+/// with everything below them. No link on the way is followed. Whatever cannot be removed stays
+/// and the rest goes on. Needs a handful of free descriptors and no stack per level, however deep
+/// a tree is. Large trees are shared among threads, which have ended when this returns.
+void removeBelow(int base, std::span<const std::string_view> paths);
 
 }  // namespace quillon::platform
