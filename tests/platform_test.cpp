@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 #include <poll.h>
-#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -134,28 +133,6 @@ TEST(Files, ReadsRegularFilesOnly) {
                            Path("/dev/zero"), Path()}) {
     EXPECT_FALSE(readFile(path)) << path;
   }
-}
-
-TEST(Files, RemovesDeepTreesWithFewDescriptorsAndKeepsLinkTargets) {
-  const TemporaryFolder folder;
-  folder.write("outside/kept", "x");
-  folder.write("tree/file", "x");
-  Path deep = folder.path() / "tree";
-  for (int level = 0; level < 300; ++level) {
-    deep /= "d";
-    std::filesystem::create_directory(deep);
-    std::filesystem::create_directory_symlink(folder.path() / "outside", deep / "link");
-  }
-  rlimit before{};
-  ASSERT_EQ(0, ::getrlimit(RLIMIT_NOFILE, &before));
-  const rlimit few{16, before.rlim_max};
-  ASSERT_EQ(0, ::setrlimit(RLIMIT_NOFILE, &few));
-  const bool removed = removeItem(folder.path() / "tree");
-  ASSERT_EQ(0, ::setrlimit(RLIMIT_NOFILE, &before));
-  EXPECT_TRUE(removed);
-  EXPECT_FALSE(folder.has("tree"));
-  EXPECT_TRUE(folder.has("outside/kept"));
-  EXPECT_TRUE(removeItem(folder.path() / "tree")) << "nothing there counts as removed";
 }
 
 ChildRun runShell(const std::string& script, std::chrono::milliseconds limit = 10s) {

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <set>
 
@@ -54,105 +53,67 @@ Items removedFrom(const TemporaryFolder& profile) {
   return removed;
 }
 
-void closeTabs(const Path& profile) {
+using Reset = std::map<std::string, bool>;
+
+void clean(const TemporaryFolder& profile, bool closesTabs, const Reset& reset) {
   ProfileItems items;
-  clearPreviousTabs(items);
-  removeFromProfile(profile, items);
+  if (closesTabs) clearPreviousTabs(items);
+  resetGranularStorage(items, reset);
+  removeFromProfile(profile.path(), items);
 }
 
-void reset(const Path& profile, const std::map<std::string, bool>& keys) {
-  ProfileItems items;
-  resetGranularStorage(items, keys);
-  removeFromProfile(profile, items);
-}
-
-TEST(PreviousTabs, RemovesTheFiveItemsAndNothingElse) {
-  const TemporaryFolder profile;
-  fill(profile);
-  closeTabs(profile.path());
-  EXPECT_EQ(itemsOfKeys.at("(tabs)"), removedFrom(profile));
-  closeTabs(profile.path() / "missing");
-}
-
-TEST(StorageReset, RemovesWhatItsKeysSelect) {
-  using Reset = std::map<std::string, bool>;
+TEST(Hygiene, RemovesWhatIsSelectedAndNothingElse) {
+  struct Row {
+    bool closesTabs;
+    Reset reset;
+    Items removed;
+  };
   Items everything;
-  std::vector<std::pair<Reset, Items>> rows{
-      {{{"all", false}, {"cookies", true}}, itemsOfKeys.at("cookies")},
-      {{{"service_workers", true}, {"cache_storage", true}}, itemsOfKeys.at("service_workers")},
-      {{{"cookies", false}, {"file_system", true}, {"Cookies", true}}, {}},
-      {{}, {}}};
+  std::vector<Row> rows{{true, {}, itemsOfKeys.at("(tabs)")},
+                        {false, {{"all", false}, {"cookies", true}}, itemsOfKeys.at("cookies")},
+                        {false,
+                         {{"service_workers", true}, {"cache_storage", true}},
+                         itemsOfKeys.at("service_workers")},
+                        {false, {{"cookies", false}, {"file_system", true}, {"Cookies", true}}, {}},
+                        {false, {}, {}}};
   for (const auto& [key, items] : itemsOfKeys) {
     if (key.starts_with('(')) continue;
-    rows.push_back({{{key, true}}, items});
+    rows.push_back({false, {{key, true}}, items});
     everything.insert(items.begin(), items.end());
   }
-  rows.push_back({{{"all", true}, {"cookies", false}}, everything});
-  for (const auto& [keys, removed] : rows) {
+  rows.push_back({false, {{"all", true}, {"cookies", false}}, everything});
+  for (const auto& [closesTabs, reset, removed] : rows) {
     const TemporaryFolder profile;
     fill(profile);
-    reset(profile.path(), keys);
-    EXPECT_EQ(removed, removedFrom(profile)) << keys.begin()->first;
+    clean(profile, closesTabs, reset);
+    EXPECT_EQ(removed, removedFrom(profile)) << (reset.empty() ? "" : reset.begin()->first);
   }
 }
 
-TEST(StorageReset, LinksAreRemovedAsLinksAndNeverFollowed) {
+TEST(Hygiene, LinksAreRemovedAsLinksAndNeverFollowed) {
   const TemporaryFolder outside;
-  outside.write("Cookies", "kept");
+  fill(outside);
   const TemporaryFolder profile;
-  profile.write("Default/IndexedDB/file", "x");
+  profile.write("Default/Sessions/file", "x");
   const auto link = [&](const Path& target, const char* name) {
     fs::create_symlink(target, profile.path() / name);
   };
-  link(outside.path(), "ShaderCache");
-  link(outside.path() / "Cookies", "Default/Cookies");
-  link("dangling", "Default/Cookies-journal");
-  link(outside.path(), "Default/Network");
-  link(outside.path(), "Default/IndexedDB/inside");
-  link("..", "Default/IndexedDB/up");
-  reset(profile.path(), {{"all", true}});
-  for (const char* item :
-       {"ShaderCache", "Default/Cookies", "Default/Cookies-journal", "Default/IndexedDB"}) {
-    EXPECT_FALSE(profile.has(item)) << item;
+  for (const char* name : {"ShaderCache", "Default/Cookies", "Default/Sessions/inside"}) {
+    link(outside.path(), name);
   }
-  EXPECT_TRUE(profile.has("Default/Network"));
-  EXPECT_TRUE(outside.has("Cookies"));
-}
+  link("dangling", "Default/Last Tabs");
+  link("..", "Default/Sessions/up");
+  link(outside.path() / "Default/Network", "Default/Network");
+  clean(profile, true, {{"all", true}});
+  EXPECT_EQ((std::vector<fs::path>{profile.path() / "Default/Network"}),
+            std::vector<fs::path>(fs::directory_iterator(profile.path() / "Default"), {}));
+  EXPECT_FALSE(profile.has("ShaderCache"));
 
-TEST(StorageReset, LinkedDefaultIsLeftAlone) {
-  const TemporaryFolder elsewhere;
-  fill(elsewhere);
-  const TemporaryFolder profile;
-  fs::create_symlink(elsewhere.path() / "Default", profile.path() / "Default");
-  reset(profile.path(), {{"all", true}});
-  closeTabs(profile.path());
-  EXPECT_EQ(Items(), removedFrom(elsewhere));
-}
-
-TEST(StorageReset, WhatCannotBeRemovedDoesNotKeepTheRest) {
-  // Read-only folders do not stop the superuser.
-  const uid_t user = ::geteuid();
-  constexpr uid_t nobody = 65534;
-  if (user == 0) {
-    ASSERT_EQ(0, ::seteuid(nobody));
-  }
-  const TemporaryFolder profile;
-  fill(profile);
-  profile.write("Default/Local Storage/a/file", "x");
-  profile.write("Default/Local Storage/z/file", "x");
-  const std::vector<Path> locked{profile.path() / "Default/Cookies",
-                                 profile.path() / "Default/Local Storage/deep"};
-  for (const Path& folder : locked) fs::permissions(folder, fs::perms::owner_read);
-  reset(profile.path(), {{"all", true}});
-  for (const Path& folder : locked) {
-    fs::permissions(folder, fs::perms::owner_all);
-    EXPECT_FALSE(fs::is_empty(folder)) << folder;
-  }
-  for (const char* item :
-       {"Default/Local Storage/a", "Default/Local Storage/z", "Default/StorageBuckets"}) {
-    EXPECT_FALSE(profile.has(item)) << item;
-  }
-  EXPECT_EQ(0, ::seteuid(user));
+  fs::remove_all(profile.path() / "Default");
+  link(outside.path() / "Default", "Default");
+  clean(profile, true, {{"all", true}});
+  EXPECT_EQ(Items(), removedFrom(outside));
+  EXPECT_TRUE(profile.has("Default"));
 }
 
 }  // namespace

@@ -23,8 +23,8 @@ NamesByFolder namesByFolder(std::span<const std::string_view> paths) {
   for (const std::string_view path : paths) {
     const std::size_t slash = path.rfind('/');
     const bool isNested = slash != std::string_view::npos;
-    groups[isNested ? path.substr(0, slash) : ""].emplace_back(
-        isNested ? path.substr(slash + 1) : path);
+    groups[isNested ? path.substr(0, slash) : ""].emplace_back(isNested ? path.substr(slash + 1)
+                                                                        : path);
   }
   return groups;
 }
