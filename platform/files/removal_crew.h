@@ -27,8 +27,12 @@ class RemovalCrew {
   /// Never blocks on the work. Any thread.
   void offer(RemovalShare share);
 
+  /// A walk could not go on and leaves the rest of its share. Any thread.
+  void giveUpShare();
+
   /// Takes part until all shares are done and ends the helpers; from then on no share is wanted.
-  /// True when there were shares. Must be called before the crew is destroyed.
+  /// True when some of the work may be left: a share was given up, or walks were in each other's
+  /// way. Must be called before the crew is destroyed.
   bool disband();
 
  private:
@@ -43,7 +47,7 @@ class RemovalCrew {
   std::vector<RemovalShare> offers_;
   std::size_t size_ = 0;  ///< how many may take part, the calling thread counted; 0: not yet known
   std::size_t idleCount_ = 0;
-  bool hasShared_ = false;
+  bool mayBeLeft_ = false;
   bool isDone_ = false;
 };
 

@@ -39,16 +39,21 @@ bool RemovalCrew::wantsShare(std::size_t removedCount) {
 
 void RemovalCrew::offer(RemovalShare share) {
   const std::lock_guard lock(mutex_);
-  hasShared_ = true;
+  mayBeLeft_ = true;
   offers_.push_back(std::move(share));
   if (offers_.size() > idleCount_ && mayGrow()) startHelper();
   changed_.notify_one();
 }
 
+void RemovalCrew::giveUpShare() {
+  const std::lock_guard lock(mutex_);
+  mayBeLeft_ = true;
+}
+
 bool RemovalCrew::disband() {
   work();
   for (std::thread& helper : helpers_) helper.join();
-  return hasShared_;
+  return mayBeLeft_;
 }
 
 bool RemovalCrew::mayGrow() {

@@ -69,7 +69,8 @@ void removeBelow(int base, std::span<const std::string_view> paths) {
   RemovalCrew crew;
   removeGroups(base, groups, crew);
   // Walks side by side leave the folders that another one was still busy below, and those that no
-  // descriptor was free for. The last walk is alone.
+  // descriptor was free for; a walk whose folder was moved away leaves all it still had to do. The
+  // last walk is alone.
   if (crew.disband()) removeGroups(base, groups, crew);
 }
 

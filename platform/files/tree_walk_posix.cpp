@@ -58,8 +58,10 @@ void TreeWalk::run() {
   for (;;) {
     std::vector<std::string>& folders = levels_.back().folders;
     if (folders.empty()) {
-      if (levels_.size() == 1 || !ascend()) return;
-      continue;
+      if (levels_.size() == 1) return;
+      if (ascend()) continue;
+      crew_.giveUpShare();
+      return;
     }
     if (folders.size() > 1 && crew_.wantsShare(removedCount_)) shareHalf(folders);
     const std::string name = std::move(folders.back());
