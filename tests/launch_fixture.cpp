@@ -74,7 +74,7 @@ Launch::Launch(const std::string& overlay)
   profile.write("command-line.json", overlay);
   arguments = {"--user-data-dir=" + profile.path().native()};
   environment = {"HOME=" + home.path().native(), "PATH=/usr/bin:/bin"};
-  for (const char* name : {"CURL_CA_BUNDLE", "TSAN_OPTIONS"}) {
+  for (const char* name : {"CURL_HOME", "TSAN_OPTIONS"}) {
     const char* value = std::getenv(name);
     if (value != nullptr) environment.push_back(std::string(name) + "=" + value);
   }

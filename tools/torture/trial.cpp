@@ -32,7 +32,7 @@ Strings environmentOf(const Path& folder, const Strings& more) {
   Strings entries{"PATH=/usr/bin:/bin", "HOME=" + (folder / "home").native(),
                   "QUILLON_ENGINE_BIN=" COUNTED_ENGINE,
                   "ENGINE_LOG=" + (folder / "engine-log").native()};
-  for (const char* name : {"CURL_CA_BUNDLE", "DISPLAY"}) {
+  for (const char* name : {"CURL_HOME", "DISPLAY"}) {
     if (const char* value = std::getenv(name)) entries.push_back(std::string(name) + "=" + value);
   }
   entries.insert(entries.end(), more.begin(), more.end());
