@@ -5,13 +5,13 @@ folder=$(mktemp -d "${TMPDIR:-/tmp}/quillon-servers.XXXXXX")
 
 # Ends a job with all its processes: asks first, insists after five seconds.
 end_job() { # PID
-  local target=$1 attempt
+  local target=$1 _
   # The command leads a group of its own, a server is a single process.
   if kill -0 -- "-$1"; then target=-$1; fi
   kill -TERM -- "$target" || return 0
   # One that is stopped hears nothing until it goes on.
   kill -CONT -- "$target" || return 0
-  for attempt in {1..250}; do
+  for _ in {1..250}; do
     kill -0 -- "$target" || return 0
     sleep 0.02
   done
