@@ -9,6 +9,7 @@
 #include "platform/ui/backend.h"
 #include "platform/ui/gtk/display_answer.h"
 #include "platform/ui/gtk/lost_display.h"
+#include "platform/ui/gtk/owners.h"
 #include "platform/ui/gtk/screen_alert.h"
 #include "platform/ui/gtk/screen_window.h"
 #include "platform/ui/gtk/session_bus.h"
@@ -37,9 +38,19 @@ Screen& screen() {
 /// Standard error belongs to the launcher: a toolkit's remarks on themes and buses stay out of it.
 void silenceToolkit() {
   g_log_set_writer_func(
-      [](GLogLevelFlags, const GLogField*, gsize, void*) { return G_LOG_WRITER_HANDLED; }, nullptr,
-      nullptr);
+      [](GLogLevelFlags, const GLogField*, gsize, void*) {
+        noticeLostDisplay();
+        return G_LOG_WRITER_HANDLED;
+      },
+      nullptr, nullptr);
   g_set_printerr_handler([](const char*) {});
+}
+
+/// The font library complains of its configuration when the first font is loaded.
+void loadFirstFont() {
+  const OwnedObject<PangoContext> context(gdk_pango_context_get());
+  const OwnedFont description(pango_font_description_new());
+  const OwnedObject<PangoFont> loaded(pango_context_load_font(context.get(), description.get()));
 }
 
 bool initializeToolkit() {
@@ -49,7 +60,9 @@ bool initializeToolkit() {
   doWithoutMissingSessionBus();
   // Numbers and system messages look the same with and without a window.
   gtk_disable_setlocale();
-  return gtk_init_check(nullptr, nullptr) != FALSE;
+  if (gtk_init_check(nullptr, nullptr) == FALSE) return false;
+  loadFirstFont();
+  return true;
 }
 
 /// Who cuts the connection has closed what is shown. For an alert, the process has failed anyway.
