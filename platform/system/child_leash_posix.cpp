@@ -59,7 +59,7 @@ void endWithLeashedChild(int signal) {
   sigset_t self;
   ::sigemptyset(&self);
   ::sigaddset(&self, signal);
-  ::raise(signal);
+  (void)::raise(signal);
   ::pthread_sigmask(SIG_UNBLOCK, &self, nullptr);
   // Only the first process of a container is still here.
   constexpr int signalBase = 128;
