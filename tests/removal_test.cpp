@@ -28,6 +28,7 @@ Function* original(Function* /*replacement*/, const char* name) {
 
 }  // namespace
 
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the system's begin with "__".
 extern "C" int sched_getaffinity(pid_t id, std::size_t size, cpu_set_t* set) noexcept {
   ++processorQuestions;
   if (processors == 0) return original(sched_getaffinity, "sched_getaffinity")(id, size, set);
@@ -45,6 +46,7 @@ extern "C" int unlinkat(int folder, const char* name, int flags) noexcept {
   if (beforeUnlink) beforeUnlink(name);
   return original(unlinkat, "unlinkat")(folder, name, flags);
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
 namespace quillon::platform {
 namespace {
@@ -55,8 +57,8 @@ using tests::TemporaryFolder;
 /// A tree to be removed, as a user whom locks stop.
 class TreeRemoval : public testing::Test {
  protected:
-  TreeRemoval() { EXPECT_EQ(0, user_ == 0 ? ::seteuid(65534) : 0); }
-  ~TreeRemoval() override {
+  void SetUp() override { ASSERT_EQ(0, user_ == 0 ? ::seteuid(65534) : 0); }
+  void TearDown() override {
     beforeUnlink = nullptr;
     EXPECT_EQ(0, ::seteuid(user_));
   }
