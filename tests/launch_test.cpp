@@ -44,6 +44,9 @@ TEST(PassthroughLaunch, StartsTheEngineAndWritesItsReport) {
   Launch launch("{" + fixedMachine + R"(,"start-page":"https://a.example/","cdp-tcp-port":9222,
                  "webrtc-no-leak":true,"webrtc-fake-public-ip":"","webgl-profile":"mac-intel-iris",
                  "granular-storage-reset":{"websql":true}})");
+  // By a link from elsewhere, as a package has one in /usr/bin: bundle and catalogue are found.
+  launch.executable = launch.home.path() / "nimbra";
+  std::filesystem::create_symlink(NIMBRA_EXECUTABLE, launch.executable);
   launch.profile.write("Default/databases/db", "x");
   launch.profile.write("Default/Last Tabs", "x");
   launch.profile.write("Default/Bookmarks", "x");
