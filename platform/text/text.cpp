@@ -95,6 +95,16 @@ bool isValidUtf8(std::string_view text) {
   return true;
 }
 
+std::string withoutInvalidBytes(std::string_view text) {
+  std::string valid;
+  while (!text.empty()) {
+    const CodePoint next = firstCodePoint(text);
+    append(valid, next.value == 0 ? CodePoint().value : next.value);
+    text.remove_prefix(next.length);
+  }
+  return valid;
+}
+
 std::string_view withoutCutOffEnd(std::string_view text) {
   constexpr std::size_t longestRest = 3;
   for (std::size_t cut = 0; cut <= longestRest && cut < text.size(); ++cut) {

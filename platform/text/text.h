@@ -12,6 +12,9 @@ namespace quillon::platform {
 /// Whether the bytes are well-formed UTF-8: no overlong forms, no surrogates, nothing cut off.
 [[nodiscard]] bool isValidUtf8(std::string_view text);
 
+/// Each byte that is not UTF-8, and each NUL, replaced by U+FFFD.
+[[nodiscard]] std::string withoutInvalidBytes(std::string_view text);
+
 /// Without up to three bytes at the end that belong to no whole code point.
 [[nodiscard]] std::string_view withoutCutOffEnd(std::string_view text);
 

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <string>
+
+#include "platform/ui/display_text.h"
 
 namespace quillon::platform::ui {
 namespace {
@@ -140,22 +141,13 @@ GtkWidget* makeFrameLabel(const Label& label) {
 }
 
 void setFrameLabelText(GtkWidget* frameLabel, std::string_view text) {
-  gtk_label_set_text(GTK_LABEL(frameLabel), displayText(text).get());
+  gtk_label_set_text(GTK_LABEL(frameLabel), displayText(text).c_str());
   replaceUnknownSign(GTK_LABEL(frameLabel), text);
 }
 
 void setFrameLabelColor(GtkWidget* frameLabel, Color color) {
   stateOf(frameLabel).color = color;
   gtk_widget_queue_draw(frameLabel);
-}
-
-OwnedText displayText(std::string_view text, std::size_t longest) {
-  std::string shortened(text.substr(0, longest));
-  if (text.size() > longest) {
-    shortened.resize(longest / 2);
-    shortened.append("…").append(text.substr(text.size() - longest / 2));
-  }
-  return OwnedText(g_utf8_make_valid(shortened.data(), static_cast<gssize>(shortened.size())));
 }
 
 void setSource(cairo_t* context, Color color) {

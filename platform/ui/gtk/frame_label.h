@@ -2,7 +2,6 @@
 
 #include <gtk/gtk.h>
 
-#include <cstddef>
 #include <string_view>
 
 #include "platform/ui/gtk/owners.h"
@@ -19,11 +18,6 @@ namespace quillon::platform::ui {
 /// A sign for a step's state that no font at hand has is shown by another one that says the same.
 void setFrameLabelText(GtkWidget* frameLabel, std::string_view text);
 void setFrameLabelColor(GtkWidget* frameLabel, Color color);
-
-/// The text as the toolkit takes it: valid UTF-8 without NUL, each offending byte replaced by
-/// U+FFFD, and without the middle of what is longer than `longest` bytes. One character may have
-/// very many code points, and the time to shape them grows with the square of their number.
-[[nodiscard]] OwnedText displayText(std::string_view text, std::size_t longest = 1024);
 
 /// Makes this the source that everything is drawn with.
 void setSource(cairo_t* context, Color color);

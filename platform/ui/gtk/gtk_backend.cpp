@@ -1,7 +1,6 @@
 #include <unistd.h>
 
 #include <cstdlib>
-#include <map>
 #include <optional>
 #include <string_view>
 
@@ -14,6 +13,7 @@
 #include "platform/ui/gtk/screen_window.h"
 #include "platform/ui/gtk/session_bus.h"
 #include "platform/ui/gtk/silenced_standard_error.h"
+#include "platform/ui/shown_windows.h"
 
 namespace quillon::platform::ui {
 namespace {
@@ -21,12 +21,7 @@ namespace {
 struct Screen {
   void (*runPostedTasks)() = nullptr;
   ActivationPolicy policy = ActivationPolicy::regular;
-  std::map<const Window*, ScreenWindow> windows;
-
-  ScreenWindow* find(const Window& window) {
-    const auto found = windows.find(&window);
-    return found == windows.end() ? nullptr : &found->second;
-  }
+  ShownWindows<ScreenWindow> windows;
 };
 
 Screen& screen() {
@@ -67,7 +62,7 @@ bool initializeToolkit() {
 
 /// Who cuts the connection has closed what is shown. For an alert, the process has failed anyway.
 void leaveWithoutDisplay() {
-  for (auto& [plain, shown] : screen().windows) shown.closedFromOutside();
+  screen().windows.each(&ScreenWindow::closedFromOutside);
   ::_exit(EXIT_FAILURE);
 }
 
@@ -89,19 +84,19 @@ void wake() {
 }
 
 void showWindow(Window& window) {
-  screen().windows.try_emplace(&window, window, screen().policy).first->second.show();
+  screen().windows.of(window, screen().policy).show();
 }
 
 void updateWindow(const Window& window) {
-  if (ScreenWindow* const shown = screen().find(window)) shown->update();
+  if (ScreenWindow* const shown = screen().windows.find(window)) shown->update();
 }
 
 void hideWindow(const Window& window) {
-  if (ScreenWindow* const shown = screen().find(window)) shown->hide();
+  if (ScreenWindow* const shown = screen().windows.find(window)) shown->hide();
 }
 
 void activate() {
-  for (auto& [plain, shown] : screen().windows) shown.raise();
+  screen().windows.each(&ScreenWindow::raise);
 }
 
 constexpr Backend backend{

@@ -17,7 +17,6 @@ struct Release {
 
 template <class T>
 using OwnedObject = std::unique_ptr<T, Release<g_object_unref>>;
-using OwnedText = std::unique_ptr<char, Release<g_free>>;
 using OwnedFont = std::unique_ptr<PangoFontDescription, Release<pango_font_description_free>>;
 using OwnedAttributes = std::unique_ptr<PangoAttrList, Release<pango_attr_list_unref>>;
 using OwnedPattern = std::unique_ptr<cairo_pattern_t, Release<cairo_pattern_destroy>>;

@@ -1,25 +1,13 @@
 #include "platform/ui/gtk/screen_alert.h"
 
-#include "platform/ui/gtk/frame_label.h"
+#include "platform/ui/display_text.h"
 #include "platform/ui/gtk/owners.h"
 #include "platform/ui/gtk/window_manner.h"
 
 namespace quillon::platform::ui {
 namespace {
 
-constexpr int mostParagraphs = 8;
 constexpr int mostLinesOfParagraph = 5;
-
-/// The text up to so many line breaks.
-std::string firstParagraphs(const std::string& text) {
-  std::size_t end = 0;
-  for (int i = 0; i < mostParagraphs; ++i) {
-    end = text.find('\n', end);
-    if (end == std::string::npos) return text;
-    ++end;
-  }
-  return text.substr(0, end) + "…";
-}
 
 /// Keeps a paragraph to so many lines. They break anywhere, as paths have no blanks, but a hyphen
 /// would look like a part of the path.
@@ -34,21 +22,21 @@ void boundParagraphs(GtkLabel* label) {
 
 OwnedTopLevel buildAlert(const Alert& alert, ActivationPolicy policy) {
   constexpr int topMargin = 12;
-  const OwnedText message = displayText(alert.messageText);
+  const std::string message = displayText(alert.messageText);
   constexpr std::size_t longestInformation = 4096;
-  const OwnedText informative =
+  const std::string informative =
       displayText(firstParagraphs(alert.informativeText), longestInformation);
   GtkWidget* const dialog = gtk_message_dialog_new(nullptr, GTK_DIALOG_MODAL, GTK_MESSAGE_ERROR,
-                                                   GTK_BUTTONS_NONE, "%s", message.get());
+                                                   GTK_BUTTONS_NONE, "%s", message.c_str());
   auto* const messageDialog = GTK_MESSAGE_DIALOG(dialog);
-  gtk_message_dialog_format_secondary_text(messageDialog, "%s", informative.get());
+  gtk_message_dialog_format_secondary_text(messageDialog, "%s", informative.c_str());
   GtkWidget* const texts = gtk_message_dialog_get_message_area(messageDialog);
   gtk_widget_set_margin_top(texts, topMargin);
   const OwnedList labels(gtk_container_get_children(GTK_CONTAINER(texts)));
   boundParagraphs(GTK_LABEL(g_list_last(labels.get())->data));
   auto* const window = GTK_WINDOW(dialog);
-  gtk_window_set_title(window, message.get());
-  atk_object_set_name(gtk_widget_get_accessible(dialog), message.get());
+  gtk_window_set_title(window, message.c_str());
+  atk_object_set_name(gtk_widget_get_accessible(dialog), message.c_str());
   gtk_window_set_keep_above(window, TRUE);
   gtk_window_set_position(window, GTK_WIN_POS_CENTER);
   applyManner(window, policy);
@@ -61,7 +49,7 @@ void runAlert(const Alert& alert, ActivationPolicy policy) {
   const OwnedTopLevel topLevel = buildAlert(alert, policy);
   auto* const dialog = GTK_DIALOG(topLevel.get());
   GtkWidget* const button =
-      gtk_dialog_add_button(dialog, displayText(alert.buttonTitle).get(), GTK_RESPONSE_OK);
+      gtk_dialog_add_button(dialog, displayText(alert.buttonTitle).c_str(), GTK_RESPONSE_OK);
   gtk_dialog_set_default_response(dialog, GTK_RESPONSE_OK);
   gtk_widget_grab_focus(button);
   gtk_window_present(GTK_WINDOW(dialog));

@@ -5,6 +5,7 @@
 #include <functional>
 #include <utility>
 
+#include "platform/ui/display_text.h"
 #include "platform/ui/gtk/frame_label.h"
 #include "platform/ui/gtk/window_manner.h"
 
@@ -78,7 +79,7 @@ ScreenWindow::ScreenWindow(Window& window, ActivationPolicy policy)
 
 void ScreenWindow::setUpFrame(ActivationPolicy policy) {
   auto* const topLevel = GTK_WINDOW(topLevel_.get());
-  gtk_window_set_title(topLevel, displayText(window_.title).get());
+  gtk_window_set_title(topLevel, displayText(window_.title).c_str());
   gtk_window_set_resizable(topLevel, FALSE);
   gtk_window_set_keep_above(topLevel, window_.level == Window::Level::floating);
   if (window_.centered) gtk_window_set_position(topLevel, GTK_WIN_POS_CENTER);
