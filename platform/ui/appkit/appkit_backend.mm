@@ -1,0 +1,117 @@
+#import <AppKit/AppKit.h>
+#import <dispatch/dispatch.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <string_view>
+
+#include "build_identity.h"
+#include "platform/ui/appkit/application_delegate.h"
+#include "platform/ui/appkit/owners.h"
+#include "platform/ui/appkit/screen_alert.h"
+#include "platform/ui/appkit/screen_window.h"
+#include "platform/ui/appkit/window_server.h"
+#include "platform/ui/backend.h"
+#include "platform/ui/shown_windows.h"
+
+namespace quillon::platform::ui {
+namespace {
+
+struct Screen {
+  void (*runPostedTasks)() = nullptr;
+  bool hasFinishedLaunching = false;
+  Owned<QuillonApplicationDelegate> delegate;
+  ShownWindows<ScreenWindow> windows;
+};
+
+Screen& screen() {
+  // Never destroyed: the process ends without tearing anything down.
+  static Screen& theScreen = *new Screen;
+  return theScreen;
+}
+
+/// Who makes the application quit, or ends its screen, has closed what is shown. For an alert, the
+/// process has failed anyway.
+void leaveFromOutside() {
+  screen().windows.each(&ScreenWindow::closedFromOutside);
+  ::_exit(EXIT_FAILURE);
+}
+
+/// Nothing runs before the application has finished launching.
+void runPostedTasks(void*) {
+  if (!screen().hasFinishedLaunching) return;
+  const AutoreleasePool pool;
+  screen().runPostedTasks();
+}
+
+void finishLaunching() {
+  screen().hasFinishedLaunching = true;
+  runPostedTasks(nullptr);
+}
+
+bool connect(void (*runPostedTasks)()) {
+  if (!hasWindowServer()) return false;
+  const AutoreleasePool pool;
+  screen().runPostedTasks = runPostedTasks;
+  screen().delegate.reset([[QuillonApplicationDelegate alloc]
+      initWithDidFinishLaunching:finishLaunching
+                 shouldTerminate:leaveFromOutside]);
+  [[NSApplication sharedApplication] setDelegate:screen().delegate.get()];
+  setLostWindowServerHandler(leaveFromOutside);
+  return true;
+}
+
+void setActivationPolicy(ActivationPolicy policy) {
+  const AutoreleasePool pool;
+  const bool isAccessory = policy == ActivationPolicy::accessory;
+  [NSApp setActivationPolicy:isAccessory ? NSApplicationActivationPolicyAccessory
+                                         : NSApplicationActivationPolicyRegular];
+}
+
+void activate() {
+  const AutoreleasePool pool;
+  [NSApp activateIgnoringOtherApps:YES];
+}
+
+void run() {
+  const AutoreleasePool pool;
+  [NSApp run];
+}
+
+void wake() {
+  dispatch_async_f(dispatch_get_main_queue(), nullptr, runPostedTasks);
+}
+
+void showWindow(Window& window) {
+  screen().windows.of(window).show();
+}
+
+void updateWindow(const Window& window) {
+  if (ScreenWindow* const shown = screen().windows.find(window)) shown->update();
+}
+
+void hideWindow(const Window& window) {
+  if (ScreenWindow* const shown = screen().windows.find(window)) shown->hide();
+}
+
+constexpr Backend backend{
+    .connect = connect,
+    .setActivationPolicy = setActivationPolicy,
+    .run = run,
+    .wake = wake,
+    .showWindow = showWindow,
+    .updateWindow = updateWindow,
+    .hideWindow = hideWindow,
+    .activate = activate,
+    .runModal = runAlert,
+};
+
+}  // namespace
+}  // namespace quillon::platform::ui
+
+/// The module's only export.
+extern "C" [[gnu::visibility("default")]] const quillon::platform::ui::Backend* quillonBackend(
+    const char* build) {
+  using namespace quillon::platform::ui;
+  return std::string_view(build) == buildIdentity ? &backend : nullptr;
+}

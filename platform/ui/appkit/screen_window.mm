@@ -1,0 +1,140 @@
+#include "platform/ui/appkit/screen_window.h"
+
+#import <QuartzCore/QuartzCore.h>
+
+#include <algorithm>
+
+#include "platform/ui/appkit/frame_label.h"
+#include "platform/ui/appkit/toolkit_text.h"
+
+/// Passes on that the user is closing the window.
+@interface QuillonWindowDelegate : NSObject <NSWindowDelegate> {
+  const quillon::platform::ui::Window* window_;
+}
+- (instancetype)initForWindow:(const quillon::platform::ui::Window*)window;
+@end
+
+@implementation QuillonWindowDelegate
+
+- (instancetype)initForWindow:(const quillon::platform::ui::Window*)window {
+  self = [super init];
+  if (self != nil) window_ = window;
+  return self;
+}
+
+- (void)windowWillClose:(NSNotification*)notification {
+  (void)notification;
+  if (window_->delegate != nullptr) window_->delegate->windowWillClose();
+}
+
+@end
+
+namespace quillon::platform::ui {
+namespace {
+
+/// The window server takes lengths up to 10,000 points, a graphics processor up to 16,384 pixels,
+/// two of which may make a point; the title bar comes on top.
+constexpr double greatestHeight = 8000;
+
+/// A window that is higher than the screen shows its upper part.
+void keepTopOnScreen(NSWindow* window) {
+  NSScreen* const screen = [NSScreen mainScreen];
+  if (screen == nil) return;
+  const NSRect room = [screen visibleFrame];
+  const NSRect frame = [window frame];
+  if (NSMaxY(frame) <= NSMaxY(room)) return;
+  [window setFrameTopLeftPoint:NSMakePoint(NSMinX(frame), NSMaxY(room))];
+}
+
+}  // namespace
+
+ScreenWindow::ScreenWindow(Window& window)
+    : window_(window),
+      delegate_([[QuillonWindowDelegate alloc] initForWindow:&window]),
+      screenWindow_([[NSWindow alloc]
+          initWithContentRect:NSMakeRect(0, 0, window.contentSize.width,
+                                         std::min(window.contentSize.height, greatestHeight))
+                    styleMask:NSWindowStyleMaskTitled | NSWindowStyleMaskClosable
+                      backing:NSBackingStoreBuffered
+                        defer:NO]) {
+  setUpFrame();
+  paintBackground();
+  addLabels();
+}
+
+ScreenWindow::~ScreenWindow() {
+  [screenWindow_.get() setDelegate:nil];
+}
+
+void ScreenWindow::setUpFrame() {
+  NSWindow* const screenWindow = screenWindow_.get();
+  [screenWindow setTitle:toolkitText(window_.title)];
+  if (window_.centered) [screenWindow center];
+  keepTopOnScreen(screenWindow);
+  const bool isFloating = window_.level == Window::Level::floating;
+  [screenWindow setLevel:isFloating ? NSFloatingWindowLevel : NSNormalWindowLevel];
+  [screenWindow setReleasedWhenClosed:NO];
+  // The system would else offer to bring back what the end of the process took away.
+  [screenWindow setRestorable:NO];
+  [screenWindow setDelegate:delegate_.get()];
+}
+
+void ScreenWindow::paintBackground() {
+  NSView* const content = [screenWindow_.get() contentView];
+  [content setWantsLayer:YES];
+  [[content layer] setBackgroundColor:[toolkitColor(window_.background) CGColor]];
+}
+
+/// A bounded window has the upper part of the plain one. A label that is not wholly on it is left
+/// out.
+void ScreenWindow::addLabels() {
+  NSView* const content = [screenWindow_.get() contentView];
+  const double cutOff = std::max(window_.contentSize.height - greatestHeight, 0.0);
+  for (const Label& label : window_.labels()) {
+    if (label.frame.y < cutOff) continue;
+    NSTextField* const field = makeFrameLabel(label);
+    [field setFrameOrigin:NSMakePoint(label.frame.x, label.frame.y - cutOff)];
+    [content addSubview:field];
+    mirrored_.push_back({label, field, label.text, label.color});
+  }
+}
+
+void ScreenWindow::mirror() {
+  for (Mirrored& shown : mirrored_) {
+    if (shown.text != shown.label.text) {
+      shown.text = shown.label.text;
+      [shown.field setStringValue:toolkitText(shown.text)];
+    }
+    if (shown.color != shown.label.color) {
+      shown.color = shown.label.color;
+      [shown.field setTextColor:toolkitColor(shown.color)];
+    }
+  }
+}
+
+void ScreenWindow::show() {
+  mirror();
+  [screenWindow_.get() makeKeyAndOrderFront:nil];
+}
+
+void ScreenWindow::update() {
+  if ([screenWindow_.get() isVisible]) mirror();
+}
+
+void ScreenWindow::hide() {
+  // Whoever closed the window before this moment has closed it.
+  while (NSEvent* const event = [NSApp nextEventMatchingMask:NSEventMaskAny
+                                                   untilDate:[NSDate distantPast]
+                                                      inMode:NSDefaultRunLoopMode
+                                                     dequeue:YES]) {
+    [NSApp sendEvent:event];
+  }
+  [screenWindow_.get() orderOut:nil];
+}
+
+void ScreenWindow::closedFromOutside() {
+  const bool isShown = [screenWindow_.get() isVisible];
+  if (isShown && window_.delegate != nullptr) window_.delegate->windowWillClose();
+}
+
+}  // namespace quillon::platform::ui
