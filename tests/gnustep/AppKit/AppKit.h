@@ -1,0 +1,33 @@
+#pragma once
+
+// What AppKit has and GNUstep has not, under AppKit's names.
+#include_next <AppKit/AppKit.h>
+
+constexpr NSAlertStyle NSAlertStyleCritical = NSCriticalAlertStyle;
+constexpr NSEventMask NSEventMaskAny = NSAnyEventMask;
+
+@class CALayer;
+
+@interface NSApplication (QuillonShim)
+- (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)policy;
+@end
+
+@interface NSFont (QuillonShim)
++ (NSFont*)systemFontOfSize:(CGFloat)size weight:(NSFontWeight)weight;
++ (NSFont*)monospacedSystemFontOfSize:(CGFloat)size weight:(NSFontWeight)weight;
+@end
+
+@interface NSTextField (QuillonShim)
++ (NSTextField*)labelWithString:(NSString*)string;
+- (void)setLineBreakMode:(NSLineBreakMode)mode;
+- (void)setUsesSingleLineMode:(BOOL)flag;
+@end
+
+@interface NSView (QuillonShim)
+- (void)setWantsLayer:(BOOL)flag;
+- (CALayer*)layer;
+@end
+
+@interface NSWindow (QuillonShim)
+- (void)setRestorable:(BOOL)flag;
+@end

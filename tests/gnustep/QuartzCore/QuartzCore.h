@@ -1,0 +1,9 @@
+#pragma once
+
+#import <AppKit/AppKit.h>
+
+@interface CALayer : NSObject {
+  NSWindow* window_;
+}
+- (void)setBackgroundColor:(CGColorRef)color;
+@end
