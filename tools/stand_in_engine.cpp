@@ -1,8 +1,9 @@
 // Stands in for the engine: tells on standard output how it was started and ends. Each fact is a
 // letter and a text, ended by a NUL:
 //   A an argument, argument zero first     E an environment entry
-//   F an open descriptor and its target    L the text of /proc/self/status
 //   S "leader" when it leads its session
+// and, where there is /proc, also:
+//   F an open descriptor and its target    L the text of /proc/self/status
 #include <unistd.h>
 
 #include <cstdio>
@@ -19,7 +20,8 @@ void tell(char kind, const std::string& text) {
 }
 
 void tellDescriptors() {
-  for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+  std::error_code none;
+  for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd", none)) {
     std::error_code gone;
     const auto target = std::filesystem::read_symlink(entry.path(), gone);
     // The listing itself takes a descriptor.
@@ -31,9 +33,9 @@ void tellDescriptors() {
 
 }  // namespace
 
-int main(int count, char* arguments[]) {
+int main(int count, char* arguments[], char* environment[]) {
   for (int i = 0; i < count; ++i) tell('A', arguments[i]);
-  for (char** entry = ::environ; *entry != nullptr; ++entry) tell('E', *entry);
+  for (char** entry = environment; *entry != nullptr; ++entry) tell('E', *entry);
   tellDescriptors();
   std::ifstream status("/proc/self/status");
   tell('L', {std::istreambuf_iterator<char>(status), {}});

@@ -3,7 +3,6 @@
 #include <condition_variable>
 #include <deque>
 #include <mutex>
-#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -35,14 +34,6 @@ void postToMain(Task task) {
   }
   queue.changed.notify_one();
   if (wake != nullptr) wake();
-}
-
-void runInBackground(Task task) {
-  try {
-    std::thread(task).detach();
-  } catch (const std::system_error&) {
-    postToMain(std::move(task));
-  }
 }
 
 void sleepFor(std::chrono::milliseconds duration) {

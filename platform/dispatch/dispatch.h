@@ -16,8 +16,10 @@ using Task = std::function<void()>;
 /// Hands a task to the main thread and returns at once. Any thread.
 void postToMain(Task task);
 
-/// Runs a task on a thread of its own, which nobody waits for. When the system has no thread left
-/// the task is posted to the main thread: late and blocking it, but done. Any thread.
+/// Runs a task beside the main thread, where it may block, and does not wait for it: on a Mac on
+/// the system's global queue of quality of service user-initiated, elsewhere on a thread of its
+/// own. When that has no thread left the task is posted to the main thread: late and blocking it,
+/// but done. Any thread.
 void runInBackground(Task task);
 
 /// Blocks the calling thread.

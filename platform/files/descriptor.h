@@ -32,7 +32,7 @@ class UniqueFd {
   int descriptor_ = none;
 };
 
-/// Both ends close on exec from birth.
+/// Both ends close on exec before any child can be started.
 struct Pipe {
   UniqueFd readEnd;
   UniqueFd writeEnd;

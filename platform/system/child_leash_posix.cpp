@@ -29,8 +29,8 @@ bool takeLeash(Leash next) {
 
 LeashChange::LeashChange() {
   sigset_t blocked;
-  ::sigemptyset(&blocked);
-  for (const int number : endingSignals) ::sigaddset(&blocked, number);
+  sigemptyset(&blocked);  // On a Mac these are macros.
+  for (const int number : endingSignals) sigaddset(&blocked, number);
   ::pthread_sigmask(SIG_BLOCK, &blocked, &formerMask_);
   while (!takeLeash(Leash::changing)) ::pause();
 }
@@ -57,8 +57,8 @@ void endWithLeashedChild(int signal) {
   byDefault.sa_handler = SIG_DFL;
   ::sigaction(signal, &byDefault, nullptr);
   sigset_t self;
-  ::sigemptyset(&self);
-  ::sigaddset(&self, signal);
+  sigemptyset(&self);
+  sigaddset(&self, signal);
   (void)::raise(signal);
   ::pthread_sigmask(SIG_UNBLOCK, &self, nullptr);
   // Only the first process of a container is still here.

@@ -29,8 +29,8 @@ int spawnWithPipes(pid_t& id, const sigset_t& mask, const ChildCommand& command,
   if (const int error = actions.duplicate(errors.writeEnd, STDERR_FILENO)) return error;
   if (const int error = keepOnlyStandardStreams(actions, attributes)) return error;
   if (const int error = attributes.setSignalMask(mask)) return error;
-  return ::posix_spawn(&id, command.executable.c_str(), actions.get(), attributes.get(),
-                       pointersTo(argumentVector).data(), command.environment.entries());
+  return spawn(id, command.executable, actions.get(), attributes, pointersTo(argumentVector).data(),
+               command.environment.entries());
 }
 
 }  // namespace

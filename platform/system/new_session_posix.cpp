@@ -10,8 +10,8 @@ int spawnInNewSession(const Path& executable, const std::vector<std::string>& ar
   SpawnAttributes attributes;
   if (const int error = attributes.addFlags(POSIX_SPAWN_SETSID)) return error;
   pid_t ignored = 0;
-  return ::posix_spawn(&ignored, executable.c_str(), nullptr, attributes.get(),
-                       pointersTo(argumentVector).data(), startEnvironment().entries());
+  return spawn(ignored, executable, nullptr, attributes, pointersTo(argumentVector).data(),
+               startEnvironment().entries());
 }
 
 }  // namespace quillon::platform

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/files/descriptor.h"
+#include "platform/files/files.h"
 
 /// What posix_spawn is given, with owners. Every function that returns an int returns an errno
 /// value. Any thread.
@@ -55,6 +56,13 @@ class SpawnAttributes {
 /// Sees to it that the child gets its three standard streams and no other descriptor. Call when all
 /// other actions are in.
 [[nodiscard]] int keepOnlyStandardStreams(SpawnFileActions& actions, SpawnAttributes& attributes);
+
+/// posix_spawn itself; `actions` may be null. No pipe that another thread is making gets into the
+/// child.
+[[nodiscard]] int spawn(pid_t& id, const Path& executable,
+                        const posix_spawn_file_actions_t* actions,
+                        const SpawnAttributes& attributes, char* const* argumentVector,
+                        char* const* environment);
 
 /// An argument or environment vector as the exec family takes it, ending with a null pointer. It
 /// points into `strings`.

@@ -8,4 +8,11 @@ int keepOnlyStandardStreams(SpawnFileActions& actions, SpawnAttributes&) {
   return ::posix_spawn_file_actions_addclosefrom_np(actions.get(), STDERR_FILENO + 1);
 }
 
+int spawn(pid_t& id, const Path& executable, const posix_spawn_file_actions_t* actions,
+          const SpawnAttributes& attributes, char* const* argumentVector,
+          char* const* environment) {
+  return ::posix_spawn(&id, executable.c_str(), actions, attributes.get(), argumentVector,
+                       environment);
+}
+
 }  // namespace quillon::platform

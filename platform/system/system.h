@@ -14,19 +14,19 @@ namespace quillon::platform {
 [[nodiscard]] std::uint64_t physicalMemory();
 
 /// Processors that this process and its children may run on, as a browser counts them; 0 when the
-/// system does not tell or has more than 1,024.
+/// system does not tell or, on Linux, has more than 1,024.
 [[nodiscard]] int activeProcessorCount();
 
-/// The user's home folder: HOME when it is set and not empty, else the user database's; "/" when
-/// neither knows one, so that nothing of the current folder is taken for the user's.
+/// The user's home folder. On Linux HOME when it is set and not empty, else the user database's. On
+/// a Mac as for every application: CFFIXED_USER_HOME, the user database's, only then HOME. "/" when
+/// none knows one, so that nothing of the current folder is taken for the user's.
 [[nodiscard]] Path homeFolder();
 
 /// Where the launcher keeps what belongs to no profile: "Library/Application Support/Quillon" below
 /// the home folder. It need not exist.
 [[nodiscard]] Path perUserFolder();
 
-/// The system's text for an error number, in the locale of the process. (The C library's function
-/// for it may be called from any thread since glibc 2.32.)
+/// The system's text for an error number, in the locale of the process.
 [[nodiscard]] std::string errorText(int errorNumber);
 
 /// Writes to standard error in a single write. How much of it arrives is not looked at; a reader

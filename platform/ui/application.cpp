@@ -1,20 +1,12 @@
 #include "platform/ui/application.h"
 
 #include "platform/dispatch/dispatch.h"
-#include "platform/system/environment.h"
 #include "platform/system/signal_dispositions.h"
+#include "platform/ui/display.h"
 #include "platform/ui/module.h"
 
 namespace quillon::platform::ui {
 namespace {
-
-bool mayHaveDisplay() {
-  const auto isSet = [](const char* name) {
-    const auto value = startEnvironment().value(name);
-    return value && !value->empty();
-  };
-  return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY");
-}
 
 const Backend& chooseBackend() {
   if (!mayHaveDisplay()) return headlessBackend();

@@ -8,8 +8,6 @@
 namespace quillon::platform::ui {
 namespace {
 
-constexpr const char* moduleFileName = "libquillon-ui.so";
-
 Path modulePath() {
   const Bundle bundle = bundleOf(executableLocation());
   const bool isFolderOfItsOwn = bundle.location == bundle.resources;

@@ -1,0 +1,30 @@
+#include <mach-o/dyld.h>
+
+#include <climits>
+#include <cstdlib>
+#include <memory>
+#include <string>
+
+#include "platform/files/bundle.h"
+
+namespace quillon::platform {
+namespace {
+
+/// As the process was started: it may lead through links and hold "..". Empty on failure.
+std::string startPath() {
+  std::string path(PATH_MAX, '\0');
+  auto size = static_cast<std::uint32_t>(path.size());
+  if (::_NSGetExecutablePath(path.data(), &size) == 0) return path;
+  path.resize(size);
+  return ::_NSGetExecutablePath(path.data(), &size) == 0 ? path : std::string();
+}
+
+}  // namespace
+
+Path executableLocation() {
+  using CString = std::unique_ptr<char, decltype([](char* text) { std::free(text); })>;
+  const CString resolved(::realpath(startPath().c_str(), nullptr));
+  return resolved ? Path(resolved.get()) : Path();
+}
+
+}  // namespace quillon::platform

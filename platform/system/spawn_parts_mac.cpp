@@ -1,0 +1,31 @@
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "platform/files/pipe_mac.h"
+#include "platform/system/spawn_parts.h"
+
+namespace quillon::platform {
+
+int keepOnlyStandardStreams(SpawnFileActions& actions, SpawnAttributes& attributes) {
+  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    // A placeholder for a closed stream stays behind; what the actions have put there is kept
+    // anyway.
+    if ((::fcntl(stream, F_GETFD) & FD_CLOEXEC) != 0) continue;
+    if (const int error = ::posix_spawn_file_actions_addinherit_np(actions.get(), stream)) {
+      return error;
+    }
+  }
+  return attributes.addFlags(POSIX_SPAWN_CLOEXEC_DEFAULT);
+}
+
+int spawn(pid_t& id, const Path& executable, const posix_spawn_file_actions_t* actions,
+          const SpawnAttributes& attributes, char* const* argumentVector,
+          char* const* environment) {
+  // The engine inherits every descriptor that does not close on exec, so none of ours may be on the
+  // way there.
+  const std::lock_guard lock(unmarkedPipes());
+  return ::posix_spawn(&id, executable.c_str(), actions, attributes.get(), argumentVector,
+                       environment);
+}
+
+}  // namespace quillon::platform
