@@ -17,4 +17,7 @@ endforeach()
 
 # The C library checks sizes in optimised code only. Distributions set a level of their own.
 add_compile_options($<$<CONFIG:Release>:-U_FORTIFY_SOURCE> $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=3>)
-add_link_options(-Wl,-z,relro,-z,now)
+# A Mac's loader binds everything at once and makes it read-only without being told.
+if(NOT APPLE)
+  add_link_options(-Wl,-z,relro,-z,now)
+endif()

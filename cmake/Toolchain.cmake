@@ -21,6 +21,9 @@ if(QUILLON_SANITIZERS)
   add_compile_options(-fsanitize=${QUILLON_SANITIZERS} -fno-sanitize-recover=all
     -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${QUILLON_SANITIZERS})
+elseif(APPLE)
+  # Each Mac has the C++ runtime in its shared cache. What nobody calls is left out.
+  add_link_options(-Wl,-dead_strip)
 else()
   # Loading and relocating a shared C++ runtime takes longer than the rest of a launch. Sanitizers
   # need the shared one. What nobody calls is left out; the runtime refers to two functions of the
