@@ -17,3 +17,11 @@ function(add_bundle_resource file)
   configure_file(${file} ${PROJECT_BINARY_DIR}/${bundle}/Contents/Resources/${name} COPYONLY)
   install(FILES ${file} DESTINATION ${bundle}/Contents/Resources)
 endfunction()
+
+# A folder is an application to a Mac by what this file says.
+if(APPLE)
+  configure_file(cmake/Info.plist.in ${PROJECT_BINARY_DIR}/${bundle}/Contents/Info.plist @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${bundle}/Contents/Info.plist
+    DESTINATION ${bundle}/Contents)
+  add_bundle_resource(resources/Nimbra.icns)
+endif()

@@ -6,6 +6,7 @@
 
 #include "build_identity.h"
 #include "platform/ui/backend.h"
+#include "platform/ui/gtk/application_icon.h"
 #include "platform/ui/gtk/display_answer.h"
 #include "platform/ui/gtk/lost_display.h"
 #include "platform/ui/gtk/owners.h"
@@ -70,6 +71,7 @@ bool connect(void (*runPostedTasks)()) {
   silenceToolkit();
   screen().runPostedTasks = runPostedTasks;
   if (!initializeToolkit()) return false;
+  setApplicationIcon();
   setLostDisplayHandler(leaveWithoutDisplay);
   return true;
 }
