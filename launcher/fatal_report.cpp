@@ -13,15 +13,19 @@ std::string fatalMessage(const SpawnError& error) {
   return "Engine spawn failed: " + error.description();
 }
 
+platform::ui::Alert fatalAlert(const std::string& message) {
+  return {.messageText = "Nimbra couldn't launch",
+          .informativeText = message + "\n\nReinstall Nimbra to fix this.",
+          .buttonTitle = "OK"};
+}
+
 void reportFatalLaunchFailure(const std::string& message) {
   namespace ui = platform::ui;
   platform::writeToStandardError("[quillon-launcher] " + message + "\n");
   ui::Application& application = ui::Application::shared();
   application.setActivationPolicy(ui::ActivationPolicy::accessory);
   application.activateIgnoringOtherApps();
-  application.runModal({.messageText = "Nimbra couldn't launch",
-                        .informativeText = message + "\n\nReinstall Nimbra to fix this.",
-                        .buttonTitle = "OK"});
+  application.runModal(fatalAlert(message));
   leave(ExitStatus::fatalFailure);
 }
 

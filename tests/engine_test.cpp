@@ -4,7 +4,6 @@
 #include "engine/override_switches.h"
 #include "launch_fixture.h"
 #include "launcher/fatal_report.h"
-#include "launcher/step_texts.h"
 
 namespace quillon {
 namespace {
@@ -21,29 +20,10 @@ TEST(OverrideSwitches, MemoryClasses) {
   EXPECT_FALSE(deviceMemoryValue(0));
 }
 
-TEST(OverrideSwitches, OnlyWhatIsKnownAndNotGiven) {
-  OverlayKeys given;
-  given.deviceMemorySet = given.hardwareConcurrencySet = given.speechVoicesSet = true;
-  EXPECT_EQ((SwitchList{"chrome://version"}), machineSwitches(given, {16ULL << 30, 8}));
-  OverlayKeys open;
-  open.startPage = "https://a b/";
-  EXPECT_EQ((SwitchList{"--device-memory=16", "--hardware-concurrency=8",
-                        "--speech-voices-preset=stock-chrome-mac", "https://a b/"}),
-            machineSwitches(open, {16ULL << 30, 8}));
-  EXPECT_EQ((SwitchList{"--speech-voices-preset=stock-chrome-mac", "https://a b/"}),
-            machineSwitches(open, {0, 0}));
-}
-
-TEST(OverrideSwitches, WhatWasNotDerivedGivesNoSwitch) {
-  OverlayKeys overlay;
-  EXPECT_TRUE(personaSwitches(overlay, {}).empty());
-  EXPECT_EQ((SwitchList{"--geo-lat=1"}), personaSwitches(overlay, {.resolvedGeoLat = "1"}));
-  overlay.webrtcNoLeak = true;
-  EXPECT_EQ((SwitchList{"--force-webrtc-ip-handling-policy=default"}),
-            personaSwitches(overlay, {}));
-  const ResolvedPersona some{"1.1.1.1", "52", "13", "", "de,en", "Europe/Berlin"};
-  EXPECT_EQ("ip=1.1.1.1 tz=Europe/Berlin lat=52 lng=13", overridesText(some, false));
-  EXPECT_EQ("none (passthrough)", overridesText({.resolvedAcceptLang = "de"}, false));
+TEST(OverrideSwitches, WhatIsUnknownGivesNone) {
+  EXPECT_EQ((SwitchList{"--speech-voices-preset=stock-chrome-mac", "chrome://version"}),
+            machineSwitches({}, {0, 0}));
+  EXPECT_EQ((SwitchList{"--geo-lat=1"}), personaSwitches({}, {.resolvedGeoLat = "1"}));
 }
 
 TEST(EngineSpawn, DebuggingPairOnlyForAUsablePort) {
@@ -63,21 +43,18 @@ TEST(EngineSpawn, DebuggingPairOnlyForAUsablePort) {
   }
 }
 
-TEST(EngineSpawn, FailuresHaveTheirCaseAndText) {
+TEST(EngineSpawn, FailuresHaveTheirText) {
   const tests::TemporaryFolder folder;
-  const auto messageFor = [&](const char* content, std::filesystem::perms permissions) {
-    folder.write("engine", content);
-    std::filesystem::permissions(folder.path() / "engine", permissions);
-    const auto error = spawnEngine({(folder.path() / "engine").native()});
-    return error ? fatalMessage(*error) : "(started)";
-  };
-  using std::filesystem::perms;
-  EXPECT_EQ("Engine spawn failed: posix_spawn failed (errno 8): Exec format error",
-            messageFor("no program", perms::owner_all));
+  const std::string engine = folder.path() / "engine";
+  folder.write("engine", "#!/missing/interpreter\n");
+  EXPECT_EQ("Engine binary not found:\n" + engine, fatalMessage(spawnEngine({engine}).value()));
+  std::filesystem::permissions(engine, std::filesystem::perms::owner_all);
   EXPECT_EQ("Engine spawn failed: posix_spawn failed (errno 2): No such file or directory",
-            messageFor("#!/missing/interpreter\n", perms::owner_all));
-  EXPECT_EQ("Engine binary not found:\n" + (folder.path() / "engine").native(),
-            messageFor("x", perms::owner_read | perms::owner_write));
+            fatalMessage(spawnEngine({engine}).value()));
+}
+
+TEST(EngineSpawn, ArgumentsEndAtANul) {
+  EXPECT_EQ("ab", engineArgumentVector("/e", {}, {std::string("ab\0cd", 5)}, "").at(1));
 }
 
 }  // namespace

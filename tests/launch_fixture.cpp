@@ -1,7 +1,6 @@
 #include "launch_fixture.h"
 
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -10,7 +9,6 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
-#include <nlohmann/json.hpp>
 #include <sstream>
 
 namespace quillon::tests {
@@ -80,42 +78,40 @@ Launch::Launch(const std::string& overlay)
   }
 }
 
-Outcome Launch::run() const {
+pid_t Launch::start(int output) const {
   std::vector<std::string> argumentVector{executable.native()};
   argumentVector.insert(argumentVector.end(), arguments.begin(), arguments.end());
   std::vector<std::string> entries = environment;
   entries.push_back("QUILLON_ENGINE_BIN=" + engine);
+  const std::vector<char*> argumentPointers = pointersTo(argumentVector);
+  const std::vector<char*> entryPointers = pointersTo(entries);
   const Path errorsFile = home.path() / "stderr";
-  std::array<int, 2> output{};
-  EXPECT_EQ(0, ::pipe2(output.data(), O_CLOEXEC));
-  const auto start = std::chrono::steady_clock::now();
   const pid_t child = ::fork();
-  if (child == 0) {
-    ::dup2(output[1], STDOUT_FILENO);
-    ::dup2(::open(errorsFile.c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0600), STDERR_FILENO);
-    prepare();
-    ::execve(executable.c_str(), pointersTo(argumentVector).data(), pointersTo(entries).data());
-    ::_exit(127);
-  }
+  if (child != 0) return child;
+  ::dup2(::open("/dev/null", O_RDONLY), STDIN_FILENO);
+  ::dup2(output, STDOUT_FILENO);
+  ::dup2(::open(errorsFile.c_str(), O_CREAT | O_WRONLY | O_TRUNC, 0600), STDERR_FILENO);
+  ::close_range(STDERR_FILENO + 1, ~0U, 0);
+  prepare();
+  ::execve(executable.c_str(), argumentPointers.data(), entryPointers.data());
+  ::_exit(127);
+}
+
+Outcome Launch::run() const {
+  std::array<int, 2> output{};
+  if (::pipe2(output.data(), O_CLOEXEC) != 0) return {};
+  const auto begin = std::chrono::steady_clock::now();
+  const pid_t child = start(output[1]);
   ::close(output[1]);
   int status = 0;
   ::waitpid(child, &status, 0);
-  const auto elapsed = std::chrono::steady_clock::now() - start;
+  const auto elapsed = std::chrono::steady_clock::now() - begin;
   Outcome outcome;
   outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
   outcome.engine = parseFacts(readToEnd(output[0]));
-  outcome.errors = contentOf(errorsFile);
+  outcome.errors = contentOf(home.path() / "stderr");
   outcome.elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(elapsed);
   return outcome;
-}
-
-std::string reportMember(const Path& report, const std::string& key) {
-  const std::string text = contentOf(report);
-  if (text.empty()) return "(none)";
-  const auto object = nlohmann::json::parse(text, nullptr, false);
-  EXPECT_TRUE(object.is_object()) << text;
-  if (!object.is_object() || !object.contains(key)) return "(none)";
-  return object[key].is_string() ? object[key].get<std::string>() : object[key].dump();
 }
 
 }  // namespace quillon::tests

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <chrono>
 #include <filesystem>
 #include <functional>
@@ -60,15 +62,14 @@ class Launch {
   /// Runs in the launcher's process just before it becomes the launcher.
   std::function<void()> prepare = [] {};
 
+  /// Starts the launcher with that descriptor as its standard output and no other beyond the three
+  /// streams.
+  [[nodiscard]] pid_t start(int output) const;
   /// Starts the launcher and waits until it and its engine have ended.
   [[nodiscard]] Outcome run() const;
 
   [[nodiscard]] Path resultFile() const { return profile.path() / ".quillon-launcher-result.json"; }
   [[nodiscard]] Path errorFile() const { return profile.path() / ".quillon-launcher-error.json"; }
 };
-
-/// A member of a report file as text; "(none)" when the report or the member is not there. Fails
-/// the test when the file is there but no JSON object.
-[[nodiscard]] std::string reportMember(const Path& report, const std::string& key);
 
 }  // namespace quillon::tests

@@ -1,36 +1,23 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sched.h>
 #include <sys/prctl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <csignal>
-#include <cstdlib>
 
 #include "discovery/egress_discovery.h"
-#include "launch_fixture.h"
+#include "engine/override_switches.h"
+#include "launch_table.h"
 #include "platform/system/child_run.h"
 
+/// The built executable without a window.
 namespace quillon::tests {
 namespace {
 
-/// The command line of an engine with debugging on that port, and these override switches.
-std::vector<std::string> commandLine(const Launch& launch,
-                                     const std::vector<std::string>& overrides,
-                                     const std::string& port) {
-  std::vector<std::string> all{launch.engine};
-  all.insert(all.end(), launch.arguments.begin(), launch.arguments.end());
-  all.insert(all.end(), overrides.begin(), overrides.end());
-  all.insert(all.end(),
-             {"--hide-crash-restore-bubble",
-              "--disable-features=PasswordManagerOnboarding,AutofillEnableAccountWalletStorage",
-              "--disable-save-password-bubble", "--remote-debugging-port=" + port,
-              "--remote-debugging-address=127.0.0.1"});
-  return all;
-}
-
-/// An overlay that leaves nothing of the machine in the switches.
-const std::string fixedMachine = R"("device-memory":1,"hardware-concurrency":1,"speech-voices":1)";
+using Texts = std::vector<std::string>;
 
 /// The signals of a set in the text of a /proc/PID/status; without the two that the C library keeps
 /// to itself and changes in every child it spawns.
@@ -40,36 +27,22 @@ std::uint64_t signalsIn(const std::string& status, const std::string& name) {
   return std::stoull(status.substr(start), nullptr, 16) & ~ofTheLibrary;
 }
 
-TEST(PassthroughLaunch, StartsTheEngineAndWritesItsReport) {
-  Launch launch("{" + fixedMachine + R"(,"start-page":"https://a.example/","cdp-tcp-port":9222,
-                 "webrtc-no-leak":true,"webrtc-fake-public-ip":"","webgl-profile":"mac-intel-iris",
-                 "granular-storage-reset":{"websql":true}})");
-  // By a link from elsewhere, as a package has one in /usr/bin: bundle and catalogue are found.
-  launch.executable = launch.home.path() / "nimbra";
-  std::filesystem::create_symlink(NIMBRA_EXECUTABLE, launch.executable);
-  launch.profile.write("Default/databases/db", "x");
-  launch.profile.write("Default/Last Tabs", "x");
-  launch.profile.write("Default/Bookmarks", "x");
-  launch.profile.write(launch.errorFile(), "stale");
-  launch.arguments.insert(launch.arguments.begin(), {"--a b", "\xFF\xFE", ""});
-  launch.arguments.push_back("--user-data-dir=/second");
-  const Outcome outcome = launch.run();
-  EXPECT_EQ(0, outcome.status);
-  EXPECT_EQ("", outcome.errors);
-  const std::vector<std::string> overrides{
-      "--webgl-vendor=Google Inc. (Intel Inc.)",
-      "--webgl-renderer=ANGLE (Intel Inc., ANGLE Metal Renderer: Intel(R) Iris(TM) Plus Graphics "
-      "655, Unspecified Version)",
-      "--webgl-max-texture-size=16384", "https://a.example/"};
-  ASSERT_TRUE(outcome.engine.contains('A'));
-  EXPECT_EQ(commandLine(launch, overrides, "9222"), outcome.engine.at('A'));
-  EXPECT_EQ("passthrough", reportMember(launch.resultFile(), "status"));
-  EXPECT_EQ("0", reportMember(launch.resultFile(), "elapsed_ms"));
-  EXPECT_EQ("0.30.0-mac", reportMember(launch.resultFile(), "launcher_version"));
-  EXPECT_EQ("stale", contentOf(launch.errorFile())) << "a launch without a window leaves it alone";
-  EXPECT_FALSE(launch.profile.has("Default/databases"));
-  EXPECT_FALSE(launch.profile.has("Default/Last Tabs"));
-  EXPECT_TRUE(launch.profile.has("Default/Bookmarks"));
+Texts sortedFacts(const Outcome& outcome, char letter) {
+  if (!outcome.engine.contains(letter)) return {"(no engine)"};
+  Texts facts = outcome.engine.at(letter);
+  std::sort(facts.begin(), facts.end());
+  return facts;
+}
+
+TEST(PassthroughLaunch, ComesToWhatItsRowSays) {
+  for (const char* name :
+       {"passthrough", "engine missing", "engine that is no program", "start page too long"}) {
+    TableLaunch launch(rowOf(name), "socks5://h:1");
+    // By a link from elsewhere, as a package has one in /usr/bin: bundle and catalogue are found.
+    launch.executable = launch.home.path() / "nimbra";
+    std::filesystem::create_symlink(NIMBRA_EXECUTABLE, launch.executable);
+    launch.expect(launch.run(), true);
+  }
 }
 
 TEST(PassthroughLaunch, EngineInheritsWhatTheLauncherWasGiven) {
@@ -78,7 +51,6 @@ TEST(PassthroughLaunch, EngineInheritsWhatTheLauncherWasGiven) {
                             {"no equals sign", "EMPTY=", "TWICE=1", "TWICE=2", "BYTES=\xFF\n"});
   launch.prepare = [] {
     ::close(STDIN_FILENO);
-    ::close_range(3, ~0U, 0);
     ::dup2(STDOUT_FILENO, 7);
     sigset_t blocked;
     ::sigemptyset(&blocked);
@@ -92,95 +64,140 @@ TEST(PassthroughLaunch, EngineInheritsWhatTheLauncherWasGiven) {
   ASSERT_TRUE(outcome.engine.contains('E'));
   launch.environment.push_back("QUILLON_ENGINE_BIN=" + launch.engine);
   EXPECT_EQ(launch.environment, outcome.engine.at('E'));
-  std::vector<std::string> descriptors;
-  for (const std::string& fact : outcome.engine.at('F')) {
-    descriptors.push_back(fact.substr(0, fact.find(' ')));
-  }
-  std::sort(descriptors.begin(), descriptors.end());
-  EXPECT_EQ((std::vector<std::string>{"1", "2", "7"}), descriptors);
+  EXPECT_EQ((Texts{"1", "2", "7"}), sortedFacts(outcome, 'F'));
   EXPECT_EQ(1U << (SIGUSR2 - 1), signalsIn(outcome.engine.at('L')[0], "SigBlk"));
   EXPECT_EQ(ignored, signalsIn(outcome.engine.at('L')[0], "SigIgn"));
   EXPECT_TRUE(outcome.engine.contains('S')) << "the engine leads a session of its own";
 }
 
-TEST(PassthroughLaunch, WithoutAProfileTheReportGoesToTheUsersFolder) {
-  for (const std::vector<std::string>& arguments :
-       {std::vector<std::string>{}, {"--user-data-dir="}, {"--user-data-dir", "/profile"}}) {
-    Launch launch;
-    launch.arguments = arguments;
-    launch.home.write("Library/Application Support/Quillon/command-line.json",
-                      R"({"start-page":"per-user"})");
-    launch.prepare = [folder = launch.home.path()] {
-      if (::chdir(folder.c_str()) != 0) ::_exit(127);
-    };
-    const Outcome outcome = launch.run();
-    ASSERT_TRUE(outcome.engine.contains('A'));
-    EXPECT_EQ(1,
-              std::count(outcome.engine.at('A').begin(), outcome.engine.at('A').end(), "per-user"));
-    EXPECT_EQ("passthrough",
-              reportMember(launch.home.path() / "Library/Application Support/Quillon" /
-                               launch.resultFile().filename(),
-                           "status"));
+TEST(PassthroughLaunch, TellsTheMachineThatItRunsOn) {
+  Launch launch;
+  launch.prepare = [] {
+    cpu_set_t one;
+    CPU_ZERO(&one);
+    CPU_SET(static_cast<std::size_t>(::sched_getcpu()), &one);
+    ::sched_setaffinity(0, sizeof(one), &one);
+  };
+  const std::string text = contentOf("/proc/meminfo");
+  const auto kibibytes = std::stoull(text.substr(text.find("MemTotal:") + 9));
+  const Texts arguments = sortedFacts(launch.run(), 'A');
+  for (const std::string& expected : {"--device-memory=" + *deviceMemoryValue(kibibytes << 10),
+                                      std::string("--hardware-concurrency=1")}) {
+    EXPECT_EQ(1, std::count(arguments.begin(), arguments.end(), expected)) << expected;
   }
 }
 
-TEST(FatalReport, NamesTheEngineAndLeavesTheResultFile) {
+TEST(PassthroughLaunch, WithoutAProfileTheUsersOwnFolderCounts) {
+  struct Row {
+    Texts arguments;
+    mode_t mask;
+    /// Instead of the one that names the folder; the user database names the same.
+    Texts home;
+  };
+  const std::vector<Row> rows{{{}, 0, {}},
+                              {{"--user-data-dir="}, 077, {}},
+                              {{"--user-data-dir", "/profile"}, 0777, {"HOME="}},
+                              {{}, 022, {"OTHER=1"}}};
+  for (const auto& [arguments, mask, home] : rows) {
+    Launch launch;
+    const std::string folder = launch.home.path();
+    const std::string ids = std::to_string(::getuid()) + ":" + std::to_string(::getgid());
+    launch.home.write("passwd", "user:x:" + ids + "::" + folder + ":/bin/sh\n");
+    launch.home.write("group", "user:x:0:\n");
+    launch.arguments = arguments;
+    if (!home.empty()) {
+      launch.environment.front() = home.front();
+      launch.environment.insert(
+          launch.environment.end(),
+          {"LD_PRELOAD=libnss_wrapper.so", "NSS_WRAPPER_PASSWD=" + folder + "/passwd",
+           "NSS_WRAPPER_GROUP=" + folder + "/group", "ASAN_OPTIONS=verify_asan_link_order=0"});
+    }
+    launch.prepare = [&folder, mask = mask] {
+      if (::chdir(folder.c_str()) != 0) ::_exit(127);
+      ::umask(mask);
+    };
+    EXPECT_EQ(0, launch.run().status);
+    const Path reports = launch.home.path() / "Library/Application Support/Quillon";
+    const Path report = reports / launch.resultFile().filename();
+    EXPECT_NE(std::string::npos, contentOf(report).find(R"("status":"passthrough",)"));
+    using std::filesystem::perms;
+    EXPECT_EQ(perms(0600), std::filesystem::status(report).permissions());
+    for (const Path& created : {reports, reports.parent_path(), launch.home.path() / "Library"}) {
+      EXPECT_EQ(perms::owner_all, std::filesystem::status(created).permissions()) << created;
+    }
+    launch.home.write(reports / "command-line.json", R"({"start-page":"per-user"})");
+    const Texts engine = sortedFacts(launch.run(), 'A');
+    EXPECT_EQ(1, std::count(engine.begin(), engine.end(), "per-user"));
+  }
+}
+
+TEST(FatalReport, NamesTheEngineThatIsNone) {
   const Path bundle = Path(NIMBRA_EXECUTABLE).parent_path().parent_path().parent_path();
+  Launch launch;
+  launch.prepare = [&] {
+    if (::chdir(launch.home.path().c_str()) != 0) ::_exit(127);
+  };
   const std::vector<std::pair<std::string, std::string>> rows{
-      {"/missing/engine", "/missing/engine"},
-      {"/tmp", "/tmp"},
+      {"sub/engine", launch.home.path() / "sub/engine"},
       {"", bundle / "Contents/Frameworks/Nimbra Engine.app/Contents/MacOS/Nimbra Engine"}};
   for (const auto& [engine, path] : rows) {
-    Launch launch;
     launch.engine = engine;
-    const Outcome outcome = launch.run();
-    EXPECT_EQ(1, outcome.status);
-    EXPECT_EQ("[quillon-launcher] Engine binary not found:\n" + path + "\n", outcome.errors);
-    EXPECT_EQ("passthrough", reportMember(launch.resultFile(), "status"));
+    EXPECT_EQ("[quillon-launcher] Engine binary not found:\n" + path + "\n", launch.run().errors);
   }
-}
-
-TEST(FatalReport, GoneReaderOfStandardErrorChangesNothing) {
-  Launch launch;
-  launch.engine = "/missing";
   launch.prepare = [] {
     int ends[2];
     if (::pipe(ends) != 0) ::_exit(127);
     ::dup2(ends[1], STDERR_FILENO);
     ::close(ends[0]);
   };
-  EXPECT_EQ(1, launch.run().status);
+  EXPECT_EQ(1, launch.run().status) << "a gone reader of standard error changes nothing";
+}
+
+TEST(FatalReport, WebglValueTooLongIsPassedOnAndRefused) {
+  LaunchRow row = rowOf("start page too long");
+  row.overlay = R"("webgl-profile":"p","start-page":"x")";
+  TableLaunch launch(row, "");
+  launch.executable = launch.home.path() / "Nimbra";
+  std::filesystem::copy_file(NIMBRA_EXECUTABLE, launch.executable);
+  launch.home.write("quillon-webgl-profiles.json",
+                    R"({"profiles":{"p":{"s":")" + std::string(200000, 'x') + "\"}}}");
+  launch.expect(launch.run(), true);
 }
 
 TEST(ChromiumLaunch, RunningBrowserHasOurSwitchesAndAnswersOnLoopback) {
   const Path chromium = "/usr/lib/chromium/chromium";
   if (!std::filesystem::exists(chromium)) GTEST_SKIP() << "Debian's chromium is not installed";
-  constexpr const char* port = "19222";
-  Launch launch("{" + fixedMachine + R"(,"start-page":"about:blank","cdp-tcp-port":")" + port +
-                "\"}");
+  const LaunchRow row{.overlay = R"("device-memory":1,"hardware-concurrency":1,"speech-voices":1,
+                    "start-page":"about:blank","cdp-tcp-port":"19222")",
+                      .switches = {"about:blank"},
+                      .port = "19222"};
+  TableLaunch launch(row, "");
   launch.engine = chromium;
-  launch.arguments.insert(
-      launch.arguments.end(),
-      {"--headless", "--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run",
-       "--disable-background-networking", "--disable-component-update", "--disable-sync"});
+  launch.arguments = {"--user-data-dir=" + launch.profile.path().native(),
+                      "--headless",
+                      "--no-sandbox",
+                      "--disable-gpu",
+                      "--disable-quic",
+                      "--no-first-run",
+                      "--disable-background-networking",
+                      "--disable-component-update",
+                      "--disable-sync"};
   launch.prepare = [] { ::dup2(::open("/dev/null", O_WRONLY), STDOUT_FILENO); };
   ::prctl(PR_SET_CHILD_SUBREAPER, 1);
   ASSERT_EQ(0, launch.run().status);
   const std::string own = std::to_string(::getpid());
   const std::string browser = contentOf("/proc/" + own + "/task/" + own + "/children");
-  const auto version = platform::runChild(
-      {curlExecutable,
-       {"--silent", "--fail", "--retry", "30", "--retry-delay", "1", "--retry-connrefused",
-        std::string("http://127.0.0.1:") + port + "/json/version"}},
-      {std::chrono::seconds(40), 10000, 10000});
+  const auto version =
+      platform::runChild({curlExecutable,
+                          {"--silent", "--fail", "--retry", "30", "--retry-delay", "1",
+                           "--retry-connrefused", "http://127.0.0.1:19222/json/version"}},
+                         {std::chrono::seconds(40), 10000, 10000});
   EXPECT_EQ(0, version.exitStatus);
   EXPECT_NE(std::string::npos, version.output.find("webSocketDebuggerUrl")) << version.output;
   const std::string started = contentOf("/proc/" + std::to_string(std::stoi(browser)) + "/cmdline");
   ::kill(-std::stoi(browser), SIGKILL);
   std::string expected;
-  for (const std::string& argument : commandLine(launch, {"about:blank"}, port)) {
-    expected += argument + '\0';
-  }
+  for (const std::string& argument : launch.commandLine()) expected += argument + '\0';
   EXPECT_EQ(expected, started);
 }
 

@@ -115,9 +115,10 @@ TEST(OverlayKeys, RulesOfSingleKeys) {
 TEST(WebglCatalogue, OneBadEntryCostsOnlyItself) {
   const auto catalogue = object(R"({"other":1,"profiles":{"flat":7,"p":{
       "_comment":"x","s":"text","empty":"","null":null,"n":2,"f":0.5,"b":true,"off":false,
-"a":["x", "y"],"o":{"k": [1]},"--dashed":"v","n":3}}})");
-  const Texts expected{"--s=text",         "--f=0.5",          "--b=1",        "--off=0",
-                       R"(--a=["x","y"])", R"(--o={"k":[1]})", "----dashed=v", "--n=3"};
+"a":["x", true, false, null],"o":{"k": [1]},"--dashed":"v","n":3}}})");
+  const Texts expected{
+      "--s=text",         "--f=0.5",      "--b=1", "--off=0", R"(--a=["x",true,false,null])",
+      R"(--o={"k":[1]})", "----dashed=v", "--n=3"};
   EXPECT_EQ(expected, switchesOfWebglProfile(catalogue, "p"));
   for (const char* name : {"P", "p ", "flat", "missing"}) {
     EXPECT_TRUE(switchesOfWebglProfile(catalogue, name).empty()) << name;

@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <sys/socket.h>
@@ -119,6 +120,24 @@ TEST(Text, Utf8CheckIsStrict) {
   }
   EXPECT_EQ("ab", withoutCutOffEnd("ab\xF0\x9F\x98"));
   EXPECT_EQ("ab\u00E9", withoutCutOffEnd("ab\u00E9"));
+}
+
+TEST(Files, ClosedStandardStreamsGetPlaceholdersThatCloseOnExec) {
+  for (unsigned closed = 0; closed < 8; ++closed) {
+    const auto isClosed = [=](int stream) { return (closed >> stream & 1U) != 0; };
+    const auto occupy = [&] {
+      for (const int stream : {0, 1, 2}) {
+        if (isClosed(stream)) ::close(stream);
+      }
+      occupyClosedStandardStreams();
+      int wrong = 0;
+      for (const int stream : {0, 1, 2}) {
+        if (::fcntl(stream, F_GETFD) != (isClosed(stream) ? FD_CLOEXEC : 0)) ++wrong;
+      }
+      ::_exit(wrong);
+    };
+    EXPECT_EXIT(occupy(), testing::ExitedWithCode(0), "") << closed;
+  }
 }
 
 TEST(Files, ReadsRegularFilesOnly) {

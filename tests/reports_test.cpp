@@ -1,10 +1,8 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include "launch_fixture.h"
-#include "platform/text/json.h"
-#include "reports/launch_error.h"
-#include "reports/launch_result.h"
 #include "reports/report_file.h"
 #include "reports/report_text.h"
 
@@ -33,20 +31,6 @@ TEST(ReportText, TimestampIsUtcInSeconds) {
   EXPECT_EQ("1969-12-31T23:59:59Z", at(-1)) << "a clock that was never set";
 }
 
-TEST(ReportText, MembersInTheirOrder) {
-  EXPECT_EQ(
-      "{\"schema\":1,\"ts\":\"T\",\"status\":\"s\",\"ip\":\"i\",\"timezone\":\"z\","
-      "\"country_code\":\"c\",\"lat\":\"1\",\"lng\":\"2\",\"lang\":\"l\",\"accept_lang\":\"a\","
-      "\"elapsed_ms\":-3,\"provider\":\"p\",\"error_code\":\"e\",\"message\":\"\\\"m\\\"\","
-      "\"launcher_version\":\"v\"}\n",
-      launchResultText({"s", "i", "c", "p", "z", -3, "1", "2", "l", "a", "e", "\"m\"", "v"}, "T"));
-  const std::string start = R"({"schema":1,"ts":"T","step":"s","error_code":"e","message":"m",)";
-  const std::string end = "\"elapsed_ms\":4,\"launcher_version\":\"v\"}\n";
-  EXPECT_EQ(start + R"("proxy":"","discovery_url":"u","curl_exit_code":0,)" + end,
-            launchErrorText({"s", "e", "m", "", "u", 0, 4, "v"}, "T"));
-  EXPECT_EQ(start + end, launchErrorText({"s", "e", "m", {}, {}, {}, 4, "v"}, "T"));
-}
-
 TEST(ReportFile, IsReplacedWholeOrLeftAlone) {
   const TemporaryFolder folder;
   const auto target = folder.path() / "a/b/report";
@@ -71,20 +55,43 @@ TEST(ReportFile, IsReplacedWholeOrLeftAlone) {
   }
 }
 
-TEST(ReportFile, FullDiskKeepsTheOldReport) {
+TEST(ReportFile, ItsUnfinishedFileIsItsOwn) {
   const TemporaryFolder folder;
+  const tests::Path report = folder.path() / "report";
+  EXPECT_TRUE(writeReportAtomically(
+      [&] {
+        EXPECT_TRUE(writeReportAtomically([] { return std::string("of another"); }, report));
+        return std::string("the last");
+      },
+      report));
+  EXPECT_EQ("the last", contentOf(report));
+}
+
+TEST(ReportFile, WhatCannotBeReplacedStays) {
+  // Read-only folders do not stop the superuser.
+  const uid_t user = ::geteuid();
+  if (user == 0) {
+    ASSERT_EQ(0, ::seteuid(65534));
+  }
+  const TemporaryFolder folder;
+  const auto expectOldReport = [&] {
+    EXPECT_FALSE(
+        writeReportAtomically([] { return std::string(100, 'x'); }, folder.path() / "report"));
+    EXPECT_EQ("old", contentOf(folder.path() / "report"));
+    const auto entries = std::filesystem::directory_iterator(folder.path());
+    EXPECT_EQ(1, std::distance(begin(entries), end(entries))) << "an unfinished file is left over";
+  };
   folder.write("report", "old");
+  std::filesystem::permissions(folder.path(), std::filesystem::perms(0500));
+  expectOldReport();
+  std::filesystem::permissions(folder.path(), std::filesystem::perms::owner_all);
   rlimit before{};
   ASSERT_EQ(0, ::getrlimit(RLIMIT_FSIZE, &before));
   const rlimit small{10, before.rlim_max};
   ASSERT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &small));
-  const bool written =
-      writeReportAtomically([] { return std::string(100, 'x'); }, folder.path() / "report");
+  expectOldReport();
   ASSERT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &before));
-  EXPECT_FALSE(written);
-  EXPECT_EQ("old", contentOf(folder.path() / "report"));
-  const auto entries = std::filesystem::directory_iterator(folder.path());
-  EXPECT_EQ(1, std::distance(begin(entries), end(entries)));
+  EXPECT_EQ(0, ::seteuid(user));
 }
 
 }  // namespace

@@ -254,14 +254,8 @@ std::string overlayWith(const std::string& proxy, const std::string& more = "") 
 // Nobody listens on port 1.
 constexpr const char* deadProxy = "socks5://127.0.0.1:1";
 
-TEST(Screen, SuccessfulLaunchTicksOffItsStepsInOrderAtDoubleScaleAndHidesForTheEngine) {
-  const TemporaryFolder folder;
-  folder.write("engine",
-               "#!/bin/sh\nxdotool getdisplaygeometry search --onlyvisible --name Prep "
-               ">$HOME/seen\nexec " STAND_IN_ENGINE);
-  std::filesystem::permissions(folder.path() / "engine", std::filesystem::perms::owner_all);
-  ScreenLaunch running(overlayWith(given("QUILLON_PROXY")),
-                       {"GDK_SCALE=2", "QUILLON_ENGINE_BIN=" + folder.path().native() + "/engine"});
+TEST(Screen, SuccessfulLaunchTicksOffItsStepsInOrderAtDoubleScale) {
+  ScreenLaunch running(overlayWith(given("QUILLON_PROXY")), {"GDK_SCALE=2"});
   const std::string window = running.window();
   std::vector<int> ticked;
   while (running.isRunning(1ms)) {
@@ -280,7 +274,6 @@ TEST(Screen, SuccessfulLaunchTicksOffItsStepsInOrderAtDoubleScaleAndHidesForTheE
   EXPECT_EQ(0, outcome.status);
   EXPECT_FALSE(outcome.engine.empty());
   EXPECT_EQ("", outcome.errors);
-  EXPECT_EQ("1280 1024\n", contentOf(running.launch.home.path() / "seen")) << "not hidden";
   EXPECT_EQ("", running.leftBehind());
   ASSERT_FALSE(ticked.empty());
   EXPECT_TRUE(std::is_sorted(ticked.begin(), ticked.end()));

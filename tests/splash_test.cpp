@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "splash/colors.h"
+#include <sstream>
+
 #include "splash/overrides_summary.h"
 
 namespace quillon {
@@ -40,9 +41,15 @@ TEST(SplashWindow, RowsFollowTheSteps) {
   splash.updateStep(4, [](SplashStep&) { ADD_FAILURE() << "there is no fifth step"; });
 }
 
-TEST(SplashWindow, SmallSummaryFitsUnderTheRows) {
-  const JsonObject overlay = object(R"({"a":1})");
-  EXPECT_EQ(240, SplashWindow(initialSplashSteps(), &overlay).window.contentSize.height);
+TEST(SplashWindow, GrowsByWhatDoesNotFitUnderTheRows) {
+  for (const auto& [json, height] : std::vector<std::pair<const char*, double>>{
+           {"{}", 240},
+           {R"({"a":1})", 240},
+           {R"({"a":1,"b":1})", 254},
+           {R"({"chrome-command-line":{"a":1,"b":1}})", 254}}) {
+    const JsonObject overlay = object(json);
+    EXPECT_EQ(height, SplashWindow(initialSplashSteps(), &overlay).window.contentSize.height);
+  }
 }
 
 TEST(OverridesSummary, ListsWhatIsSwitchedOn) {
@@ -65,6 +72,7 @@ TEST(OverridesSummary, ListsWhatIsSwitchedOn) {
 
 TEST(OverridesSummary, LinesCutAndPadByCharacters) {
   EXPECT_EQ("a    1", summaryLine("a", "1", 3));
+  EXPECT_EQ("k…  v", summaryLine("kkk", "v", 1));
   EXPECT_EQ(std::string(27, 'k') + "…  v", summaryLine(std::string(40, 'k'), "v", 28));
   EXPECT_EQ("e\u0301   v", summaryLine("e\u0301", "v", 2));
   EXPECT_EQ("  v", summaryLine("", "v", 0));
@@ -72,29 +80,49 @@ TEST(OverridesSummary, LinesCutAndPadByCharacters) {
   EXPECT_EQ("k  " + std::string(33, 'v') + "…", summaryLine("k", std::string(37, 'v'), 1));
 }
 
-TEST(OverridesSummary, IsLaidOutFromTheBottomUpwards) {
+/// All that a label is, in a line.
+std::string described(const ui::Label& label) {
+  std::ostringstream line;
+  line << label.text << " | "
+       << (label.font.family == ui::Font::Family::system ? "" : "monospaced ") << label.font.size
+       << ' ' << static_cast<int>(label.font.weight) << " | " << int{label.color.red} << ' '
+       << int{label.color.green} << ' ' << int{label.color.blue} << " | " << label.frame.x << ' '
+       << label.frame.y << ' ' << label.frame.width << ' ' << label.frame.height << " | "
+       << static_cast<int>(label.alignment) << static_cast<int>(label.lineBreakMode);
+  return line.str();
+}
+
+TEST(SplashWindow, IsLaidOutWithItsSummaryFromTheBottomUpwards) {
   const JsonObject overlay =
       object(R"({"b":{"x":[1, 2]},"a":1,"chrome-command-line":{"--y":"2","--x":"1"}})");
   const SplashWindow splash(initialSplashSteps(), &overlay);
-  const std::vector<std::pair<double, const char*>> expected{
-      {16, "--y  2"},           {34, "--x  1"}, {52, "Raw Chromium switches (2)"},
-      {82, "b  {\"x\":[1,2]}"}, {100, "a  1"},  {118, "Active overrides (2)"}};
-  EXPECT_EQ("Preparing Nimbra…", splash.window.title);
-  EXPECT_EQ(ui::Window::Level::floating, splash.window.level);
-  // 124 points for the summary, of which 44 fit under the rows.
-  EXPECT_EQ(240 + 80, splash.window.contentSize.height);
-  EXPECT_EQ(200 + 80, splash.titleField->frame.y);
-  EXPECT_EQ(76 + 80, splash.rows[3].glyph.frame.y);
-  const std::deque<ui::Label>& labels = splash.window.labels();
-  ASSERT_EQ(14 + expected.size(), labels.size());
-  for (std::size_t i = 0; i < expected.size(); ++i) {
-    const ui::Label& label = labels[14 + i];
-    EXPECT_EQ(expected[i].second, label.text);
-    EXPECT_EQ((ui::Rect{16, expected[i].first, 428, 18}), label.frame);
-    const bool isHeader = i == 2 || i == 5;
-    EXPECT_EQ(isHeader ? ui::Font::Weight::bold : ui::Font::Weight::regular, label.font.weight);
-    EXPECT_EQ(isHeader ? colors::dimText : (ui::Color{190, 200, 215}), label.color);
+  // The summary is 124 points high, of which 44 fit under the rows.
+  Keys expected{"Preparing Nimbra | 16 1 | 231 236 243 | 16 280 428 24 | 00",
+                "Auto-detecting persona settings… | 12 0 | 170 179 192 | 16 258 428 20 | 00"};
+  const Keys steps{"Loading persona overlay", "Discovering proxy egress IP",
+                   "Applying anti-detect overrides", "Launching Nimbra"};
+  for (std::size_t i = 0; i < steps.size(); ++i) {
+    const std::string y = Keys{"228", "204", "180", "156"}[i];
+    expected.push_back("\u23F3 | 14 1 | 245 158 11 | 14 " + y + " 24 20 | 10");
+    expected.push_back(steps[i] + " | 13 0 | 231 236 243 | 40 " + y + " 220 20 | 00");
+    expected.push_back(" | 11 0 | 170 179 192 | 260 " + y + " 184 20 | 21");
   }
+  const std::string row = " | monospaced 11 0 | 190 200 215 | 16 ";
+  const std::string header = " | 11 2 | 170 179 192 | 16 ";
+  for (const std::string& line :
+       {"--y  2" + row + "16", "--x  1" + row + "34", "Raw Chromium switches (2)" + header + "52",
+        "b  {\"x\":[1,2]}" + row + "82", "a  1" + row + "100",
+        "Active overrides (2)" + header + "118"}) {
+    expected.push_back(line + " 428 18 | 00");
+  }
+  Keys labels;
+  for (const ui::Label& label : splash.window.labels()) labels.push_back(described(label));
+  EXPECT_EQ(expected, labels);
+  EXPECT_EQ("Preparing Nimbra…", splash.window.title);
+  EXPECT_EQ((ui::Size{460, 320}), splash.window.contentSize);
+  EXPECT_EQ((ui::Color{30, 33, 41}), splash.window.background);
+  EXPECT_EQ(ui::Window::Level::floating, splash.window.level);
+  EXPECT_TRUE(splash.window.centered);
 }
 
 }  // namespace
