@@ -1,16 +1,8 @@
-// Launches from surroundings that a launcher does not expect.
-
 #include <fcntl.h>
 #include <sys/resource.h>
-#include <unistd.h>
 
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
 #include <functional>
 
-#include "platform/files/files.h"
-#include "torture.h"
 #include "trial.h"
 
 namespace quillon::torture {
@@ -18,160 +10,129 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What a launch does to its process before it becomes the launcher, and what must come of it.
 struct Surroundings {
   const char* name;
-  /// Changes what will be executed; runs before the fork.
-  std::function<void(const Trial&, Execution&)> arrange;
-  /// Runs in the new process.
-  std::function<void(const Trial&)> enter = [](const Trial&) {};
-  bool writesResult = true;
+  /// Changes the launch, or what its process does before it becomes the launcher.
+  std::function<void(Trial&)> arrange;
+  int status = 0;
+  int windowedStatus = 0;
+  /// A part of the result; empty for a result that cannot be written.
+  std::string resultPart = R"("schema":1)";
 };
 
-void leaveAsIs(const Trial& /*trial*/, Execution& /*execution*/) {}
-
-void limitDescriptors(const Trial& /*trial*/) {
-  const rlimit limit{16, 16};
-  ::setrlimit(RLIMIT_NOFILE, &limit);
-}
-
-void closeStandardStreams(const Trial& /*trial*/) {
-  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) ::close(stream);
-}
-
-void growEnvironment(const Trial& /*trial*/, Execution& execution) {
-  constexpr int entries = 20;
-  constexpr std::size_t entryBytes = 100000;
-  for (int i = 0; i < entries; ++i) {
-    execution.environment.push_back(std::to_string(i).append("=").append(entryBytes, 'x'));
-  }
-}
-
-/// A quarter of the stack may hold arguments and environment.
-void growStack(const Trial& /*trial*/) {
-  constexpr rlim_t stackBytes = rlim_t{64} << 20;
+void limitTo(decltype(RLIMIT_NOFILE) resource, rlim_t amount) {
   rlimit limit{};
-  ::getrlimit(RLIMIT_STACK, &limit);
-  limit.rlim_cur = stackBytes;
-  ::setrlimit(RLIMIT_STACK, &limit);
+  ::getrlimit(resource, &limit);
+  limit.rlim_cur = amount;
+  ::setrlimit(resource, &limit);
 }
 
-void enterDeletedFolder(const Trial& trial) {
-  const Path folder = trial.folder() / "deleted";
-  fs::create_directory(folder);
-  fs::current_path(folder);
-  fs::remove(folder);
-}
-
-void lengthenProfilePath(const Trial& trial, Execution& execution) {
-  constexpr std::size_t pathBytes = 4000;
-  constexpr std::size_t nameBytes = 200;
-  std::string path = (trial.folder() / "profile").native();
-  while (path.size() + 1 < pathBytes) {
-    path.append(1, '/').append(std::min(nameBytes, pathBytes - path.size() - 1), 'p');
+void growEnvironment(Trial& trial) {
+  for (int i = 0; i < 20; ++i) {
+    trial.launch.environment.push_back(std::to_string(i).append("=").append(100000, 'x'));
   }
-  fs::create_directories(path);
-  fs::copy_file(trial.folder() / "profile/command-line.json", path + "/command-line.json");
-  execution.arguments.back() = "--user-data-dir=" + path;
-  execution.profile = path;
+  // A quarter of the stack may hold arguments and environment.
+  trial.launch.prepare = [] { limitTo(RLIMIT_STACK, rlim_t{64} << 20); };
 }
 
-void becomeNobody(const Trial& /*trial*/) {
-  constexpr uid_t nobody = 65534;
-  if (::setgid(nobody) != 0 || ::setuid(nobody) != 0) ::_exit(1);
+void lengthenProfilePath(Trial& trial) {
+  Path path = trial.reports;
+  while (path.native().size() < 3800) path /= std::string(200, 'p');
+  path /= std::string(3999 - path.native().size(), 'p');
+  trial.launch.profile.write(path / "command-line.json",
+                             tests::contentOf(trial.reports / "command-line.json"));
+  trial.launch.arguments = {"--user-data-dir=" + path.native()};
+  trial.reports = path;
 }
 
-void openToNobody(const Trial& trial, Execution& /*execution*/) {
-  fs::permissions(trial.folder(), fs::perms(0755));
-  std::ofstream log(trial.folder() / "engine-log");
-  log.close();
-  fs::permissions(trial.folder() / "engine-log", fs::perms(0666));
-}
-
-std::vector<Surroundings> allSurroundings() {
-  std::vector<Surroundings> all{
-      {"standard streams closed", leaveAsIs, closeStandardStreams},
-      {"16 descriptors", leaveAsIs, limitDescriptors},
-      {"environment of 2 MB", growEnvironment, growStack},
-      {"no arguments at all",
-       [](const Trial& trial, Execution& execution) {
-         execution.arguments.clear();
-         execution.profile = trial.folder() / "home/Library/Application Support/Quillon";
-         fs::create_directories(execution.profile);
-         fs::copy_file(trial.folder() / "profile/command-line.json",
-                       execution.profile / "command-line.json");
-       }},
-      {"current folder deleted", leaveAsIs, enterDeletedFolder},
-      {"profile path of 4,000 bytes", lengthenProfilePath},
+void takeArguments(Trial& trial) {
+  const Path folder = trial.launch.home.path() / "Library/Application Support/Quillon";
+  trial.launch.home.write(folder / "command-line.json",
+                          tests::contentOf(trial.reports / "command-line.json"));
+  trial.reports = folder;
+  trial.launch.environment.push_back("QUILLON_ENGINE_BIN=" + trial.launch.engine);
+  trial.launch.prepare = [&trial] {
+    for (std::string& entry : trial.launch.environment) ::putenv(entry.data());
+    char* none[] = {nullptr};
+    ::execv(NIMBRA_EXECUTABLE, none);
   };
-  if (::geteuid() == 0) {
-    all.push_back({"another user's profile", openToNobody, becomeNobody, false});
-  } else {
-    std::puts("surroundings: another user's profile: skipped, takes root");
+}
+
+void enterDeletedFolder(Trial& trial) {
+  trial.launch.prepare = [folder = trial.launch.home.path() / "deleted"] {
+    fs::create_directory(folder);
+    fs::current_path(folder);
+    fs::remove(folder);
+  };
+}
+
+void becomeNobody(Trial& trial) {
+  const Path log = trial.launch.home.path() / "engine-log";
+  trial.launch.home.write(log, "");
+  fs::permissions(log, fs::perms(0666));
+  for (const Path& folder : {trial.reports, trial.launch.home.path()}) {
+    fs::permissions(folder, fs::perms(0755));
   }
-  return all;
-}
-
-std::optional<std::string> resultComplaint(const Surroundings& surroundings,
-                                           const Execution& execution) {
-  const bool has = fs::exists(execution.profile / ".quillon-launcher-result.json");
-  if (has == surroundings.writesResult) return std::nullopt;
-  return has ? "a result that nobody could write" : "no result";
-}
-
-void runIn(const Surroundings& surroundings, const std::string& overlay, Tally& tally) {
-  const Trial trial(overlay);
-  Execution execution = trial.execution();
-  surroundings.arrange(trial, execution);
-  const pid_t child = start(execution, [&] { surroundings.enter(trial); });
-  const int status = waitForAll(child);
-  tally.add(surroundings.name,
-            {status == 0 ? outcomeComplaint(status, trial.engineStarts()) : "does not succeed",
-             resultComplaint(surroundings, execution), trial.reportComplaint(),
-             trial.leftoverComplaint(), trial.outsideComplaint()});
-}
-
-/// The one environment in which nothing names an engine, and none is in its place.
-void runWithoutEnvironment(const std::string& overlay, Tally& tally) {
-  const Trial trial(overlay);
-  Execution execution = trial.execution();
-  execution.environment.clear();
-  const int status = waitForAll(start(execution, [] {}));
-  tally.add("no environment",
-            {exitStatus(status) == 1 ? std::optional<std::string>() : "the engine cannot be missed",
-             trial.reportComplaint(), trial.leftoverComplaint()});
+  trial.launch.prepare = [] {
+    constexpr uid_t nobody = 65534;
+    if (::setgid(nobody) != 0 || ::setuid(nobody) != 0) ::_exit(127);
+  };
 }
 
 /// Yesterday's report comes from the future.
-void runInThePast(const std::string& overlay, Tally& tally) {
-  const Path library = "/usr/lib/x86_64-linux-gnu/faketime/libfaketime.so.1";
-  if (!fs::exists(library)) {
-    std::puts("surroundings: time set back: skipped, takes the package faketime");
-    return;
-  }
-  const Trial trial(overlay);
-  Execution execution = trial.execution();
-  (void)waitForAll(start(execution, [] {}));
-  for (const char* entry : {"FAKETIME=@1980-01-01 00:00:00", "DONT_FAKE_MONOTONIC=1"}) {
-    execution.environment.emplace_back(entry);
-  }
-  execution.environment.push_back("LD_PRELOAD=" + library.native());
-  const int status = waitForAll(start(execution, [] {}));
-  const auto report = platform::readFile(execution.profile / ".quillon-launcher-result.json");
-  const bool isDated = report && report->find(R"("ts":"1980-01-01T)") != std::string::npos;
-  tally.add("time set back",
-            {outcomeComplaint(status, trial.engineStarts() - 1), trial.leftoverComplaint(),
-             isDated ? std::optional<std::string>() : "the report has another date"});
+void setTimeBack(Trial& trial) {
+  trial.launch.home.write(trial.resultFile(), R"({"ts":"2026-03-01T14:05:09Z"})");
+  trial.launch.environment.insert(trial.launch.environment.end(),
+                                  {"LD_PRELOAD=/usr/lib/x86_64-linux-gnu/faketime/libfaketime.so.1",
+                                   "FAKETIME=@1980-01-01 00:00:00", "DONT_FAKE_MONOTONIC=1"});
+}
+
+std::vector<Surroundings> allSurroundings() {
+  const auto preparing = [](std::function<void()> prepare) {
+    return [prepare = std::move(prepare)](Trial& trial) { trial.launch.prepare = prepare; };
+  };
+  std::vector<Surroundings> all{
+      {"standard streams closed", preparing([] { ::close_range(0, 2, 0); })},
+      {"16 descriptors", preparing([] { limitTo(RLIMIT_NOFILE, 16); })},
+      {"environment of 2 MB", growEnvironment},
+      {"no arguments at all", takeArguments},
+      // Nothing names an engine, and none is in its place; nor the endpoints' certificates.
+      {"no environment",
+       [](Trial& trial) {
+         trial.launch.prepare = [argument = trial.launch.arguments.front()] {
+           ::clearenv();
+           ::execl(NIMBRA_EXECUTABLE, NIMBRA_EXECUTABLE, argument.c_str(), nullptr);
+         };
+       },
+       1, 42},
+      {"current folder deleted", enterDeletedFolder},
+      {"profile path of 4,000 bytes", lengthenProfilePath},
+      // Before the endpoints' certificates were made.
+      {"time set back", setTimeBack, 0, 42, R"("ts":"1980-01-01T)"},
+  };
+  if (::geteuid() == 0) all.push_back({"another user's profile", becomeNobody, 0, 0, ""});
+  return all;
 }
 
 }  // namespace
 
-int runSurroundings(const std::optional<std::string>& proxy) {
-  const std::string overlay = overlayFor(proxy);
-  Tally tally(proxy ? "surroundings, windowed" : "surroundings, passthrough");
-  for (const Surroundings& surroundings : allSurroundings()) runIn(surroundings, overlay, tally);
-  if (!proxy) runWithoutEnvironment(overlay, tally);
-  runInThePast(overlay, tally);
+int runSurroundings(const std::string& proxy, Tally tally) {
+  if (::geteuid() != 0) std::puts("another user's profile: skipped, takes root");
+  for (const Surroundings& row : allSurroundings()) {
+    Trial trial(proxy);
+    row.arrange(trial);
+    const int status = trial.run();
+    Strings wrong = trial.wrongAfter(status);
+    if (status != (proxy.empty() ? row.status : row.windowedStatus)) {
+      wrong.push_back("exit status " + std::to_string(status));
+    }
+    const std::string result = tests::contentOf(trial.resultFile());
+    if (row.resultPart.empty() != result.empty() ||
+        result.find(row.resultPart) == std::string::npos) {
+      wrong.push_back("another result: " + result);
+    }
+    tally.add(row.name, wrong);
+  }
   return tally.finish();
 }
 

@@ -1,92 +1,157 @@
 #pragma once
 
-#include <sys/types.h>
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
-#include <filesystem>
-#include <functional>
-#include <optional>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
 #include <string>
+#include <utility>
 #include <vector>
+
+#include "platform/text/json.h"
+#include "tests/launch_fixture.h"
 
 /// Launches of the built launcher, and what must hold after each of them however it went.
 namespace quillon::torture {
 
-using Path = std::filesystem::path;
+using tests::Path;
 using Strings = std::vector<std::string>;
 
-/// Makes orphans of launchers this process's children: once it has none, engines have ended too.
-void adoptOrphans();
+/// Blocks until every child has ended, orphans of launchers included, and returns the exit status
+/// of `child`, -1 for a signal. Half a minute later SIGALRM interrupts this, and it is killed.
+inline int waitForAll(pid_t child) {
+  ::alarm(30);
+  int childStatus = 0;
+  for (;;) {
+    int status = 0;
+    const pid_t ended = ::waitpid(-1, &status, 0);
+    if (ended == child) childStatus = status;
+    if (ended == -1 && errno == EINTR) ::kill(child, SIGKILL);
+    if (ended == -1 && errno == ECHILD) break;
+  }
+  ::alarm(0);
+  return WIFEXITED(childStatus) ? WEXITSTATUS(childStatus) : -1;
+}
 
-/// Blocks until every child has ended and returns the wait status of `child`. Kills it after
-/// `patienceSeconds`; the status then tells so.
-int waitForAll(pid_t child);
-inline constexpr unsigned patienceSeconds = 30;
+/// Whether a file holds a JSON object and a line feed.
+inline bool isWholeReport(const Path& file) {
+  const std::string text = tests::contentOf(file);
+  return text.ends_with('\n') && platform::parseJsonObject(text);
+}
 
-/// What will be executed, and the folder that its reports belong in.
-struct Execution {
-  Strings arguments;
-  Strings environment;
-  Path profile;
-};
-
-/// Starts the launcher with its messages dropped; `enter` runs in the new process just before.
-[[nodiscard]] pid_t start(const Execution& execution, const std::function<void()>& enter);
-
-/// The exit status in a wait status; -1 for a signal.
-[[nodiscard]] int exitStatus(int waitStatus);
-
-/// A folder with a profile to be cleaned, a home, and files outside that nobody may touch: some
-/// beside the profile, some behind links in it.
+/// A launch of a profile to be cleaned, beside files that nobody may touch, some of them behind
+/// links in the profile. With a proxy it has a window.
 class Trial {
  public:
-  /// `overlay` becomes the overlay of the profile.
-  explicit Trial(const std::string& overlay);
-  Trial(const Trial&) = delete;
-  Trial& operator=(const Trial&) = delete;
-  ~Trial();
+  explicit Trial(const std::string& proxy)
+      : launch(R"({"close-previous-tabs": true, "webgl-profile": "mac-intel-iris",
+                  "granular-storage-reset": {"all": true}, "cdp-tcp-port": "9222")" +
+               (proxy.empty()
+                    ? "}"
+                    : R"(, "auto-geo": 1, "auto-lang": 1, "proxy-server": ")" + proxy + "\"}")) {
+    launch.environment.push_back("ENGINE_LOG=" + (launch.home.path() / "engine-log").native());
+    for (const char* name : {"DISPLAY", "NO_AT_BRIDGE"}) {
+      const char* value = std::getenv(name);
+      if (value != nullptr) launch.environment.push_back(std::string(name) + "=" + value);
+    }
+    for (const Path& file : untouchables()) launch.home.write(file, untouched);
+    fillProfile();
+  }
 
   /// Puts everything back that a launch removes.
-  void fillProfile() const;
-  /// A plain launch of the profile, with more environment entries than it needs.
-  [[nodiscard]] Execution execution(const Strings& environment = {}) const;
-  [[nodiscard]] pid_t start(const Strings& environment = {}) const {
-    return torture::start(execution(environment), [] {});
+  void fillProfile() const {
+    for (const char* file :
+         {"Current Tabs", "Cookies", "Local Storage/leveldb/000003.log", "Sessions/Session_1"}) {
+      launch.profile.write(Path("Default") / file, "to be removed");
+    }
+    for (const char* link : {"Last Session", "IndexedDB", "Local Storage/link"}) {
+      std::error_code exists;
+      std::filesystem::create_directory_symlink(launch.home.path() / "outside",
+                                                launch.profile.path() / "Default" / link, exists);
+    }
   }
-  /// How often the engine was started so far.
-  [[nodiscard]] std::size_t engineStarts() const;
-  /// What is wrong with the reports; nothing when each is whole or absent.
-  [[nodiscard]] std::optional<std::string> reportComplaint() const;
-  /// A file that a report was on its way in.
-  [[nodiscard]] std::optional<std::string> leftoverComplaint() const;
-  [[nodiscard]] std::optional<std::string> outsideComplaint() const;
-  [[nodiscard]] bool hasResult() const;
-  void removeResult() const;
 
-  [[nodiscard]] const Path& folder() const { return folder_; }
+  [[nodiscard]] pid_t start() const {
+    static const int output = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+    return launch.start(output);
+  }
+  /// Launches and waits for the end of all of it. Returns the exit status.
+  [[nodiscard]] int run() const { return waitForAll(start()); }
+  [[nodiscard]] Path resultFile() const { return reports / launch.resultFile().filename(); }
+  /// How often the engine was started so far.
+  [[nodiscard]] std::size_t engineStarts() const {
+    return tests::contentOf(launch.home.path() / "engine-log").size();
+  }
+
+  /// Whatever does not hold of the files; a killed launch may leave an unfinished one.
+  [[nodiscard]] Strings wrongFiles(bool wasKilled = false) const {
+    Strings wrong;
+    std::error_code none;
+    for (const auto& entry : std::filesystem::directory_iterator(reports, none)) {
+      const std::string name = entry.path().filename();
+      if (!name.starts_with(".quillon")) continue;
+      const bool isReport = name.ends_with("-result.json") || name.ends_with("-error.json");
+      if (isReport && !isWholeReport(entry)) wrong.push_back("not whole: " + name);
+      if (!isReport && !wasKilled) wrong.push_back("left over: " + name);
+    }
+    for (const Path& file : untouchables()) {
+      if (tests::contentOf(file) != untouched) wrong.push_back("touched: " + file.native());
+    }
+    return wrong;
+  }
+  /// The same, and of the exit status and the engine's starts.
+  [[nodiscard]] Strings wrongAfter(int status, std::size_t starts = 1) const {
+    Strings wrong = wrongFiles();
+    const bool isKnown = status == 0 || status == 1 || status == 42;
+    if (!isKnown || engineStarts() != (status == 0 ? starts : starts - 1)) {
+      wrong.push_back(std::to_string(engineStarts()) + " engine starts with exit status " +
+                      std::to_string(status));
+    }
+    return wrong;
+  }
+
+  tests::Launch launch;
+  /// Where the launch leaves its reports.
+  Path reports = launch.profile.path();
 
  private:
-  Path folder_;
+  static constexpr const char* untouched = "nobody may touch this";
+
+  [[nodiscard]] std::vector<Path> untouchables() const {
+    return {launch.home.path() / "outside/file", launch.home.path() / "outside/folder/file",
+            launch.profile.path() / "Default/History"};
+  }
 };
-
-/// An overlay that has all of the profile cleaned, and what a window needs when `proxy` is given.
-[[nodiscard]] std::string overlayFor(const std::optional<std::string>& proxy);
-
-/// What a wait status and a number of engine starts say together, when that must not be.
-[[nodiscard]] std::optional<std::string> outcomeComplaint(int waitStatus, std::size_t engineStarts);
 
 /// Counts what was tried and prints what was wrong.
 class Tally {
  public:
   explicit Tally(std::string name) : name_(std::move(name)) {}
 
-  void add(const std::string& what, const std::vector<std::optional<std::string>>& complaints);
+  void add(const std::string& what, const Strings& wrong) {
+    ++tried_;
+    if (!wrong.empty()) ++wrong_;
+    for (const std::string& each : wrong) {
+      std::printf("%s: %s: %s\n", name_.c_str(), what.c_str(), each.c_str());
+    }
+  }
   /// Prints the sum; the exit status of the whole.
-  [[nodiscard]] int finish() const;
+  [[nodiscard]] int finish() const {
+    std::printf("%s: %zu tried, %zu wrong\n", name_.c_str(), tried_, wrong_);
+    return wrong_ == 0 ? 0 : 1;
+  }
 
  private:
   std::string name_;
   std::size_t tried_ = 0;
   std::size_t wrong_ = 0;
 };
+
+/// Launches from surroundings that a launcher does not expect.
+int runSurroundings(const std::string& proxy, Tally tally);
 
 }  // namespace quillon::torture

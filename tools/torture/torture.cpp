@@ -1,0 +1,149 @@
+// Tries to break the launcher, prints what went wrong and how much was tried.
+//
+// usage: torture surroundings|faults|deaths|load passthrough|windowed [COUNT]
+//
+// COUNT says how many errors each call fails with, launches are killed, or launches run eight at a
+// time. Windowed launches need the environment of scripts/with-peers.
+
+#include <sys/prctl.h>
+
+#include <array>
+#include <chrono>
+#include <cstring>
+#include <map>
+#include <random>
+#include <set>
+#include <thread>
+
+#include "trial.h"
+
+namespace quillon::torture {
+namespace {
+
+constexpr std::array<const char*, 24> functions{
+    "open",   "openat", "read",     "write",  "close",       "stat",
+    "fstat",  "lstat",  "chmod",    "fchmod", "access",      "readlink",
+    "rename", "unlink", "unlinkat", "mkdir",  "fdopendir",   "readdir",
+    "pipe2",  "poll",   "waitpid",  "waitid", "posix_spawn", "pthread_create"};
+constexpr std::array<int, 6> errors{EIO, ENOMEM, EINTR, EMFILE, EACCES, ENOSPC};
+
+/// Makes each call of a launch fail once, with each error.
+int runFaults(const std::string& proxy, int count, Tally tally) {
+  std::map<int, int> endings;
+  for (const char* function : functions) {
+    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
+      for (int number = 1;; ++number) {
+        Trial trial(proxy);
+        const Path mark = trial.launch.home.path() / "mark";
+        trial.launch.environment.insert(
+            trial.launch.environment.end(),
+            {"LD_PRELOAD=" FAULT_SHIM, std::string("FAULT=") + function,
+             "FAULT_NUMBER=" + std::to_string(number),
+             "FAULT_ERROR=" + std::to_string(errors.at(i)), "FAULT_MARK=" + mark.native()});
+        const int status = trial.run();
+        if (!std::filesystem::exists(mark)) break;
+        ++endings[status];
+        tally.add(std::string(function) + " " + std::to_string(number) + " " +
+                      std::strerror(errors.at(i)),
+                  trial.wrongAfter(status));
+      }
+    }
+  }
+  for (const auto& [status, launches] : endings) {
+    std::printf("exit status %d: %d launches\n", status, launches);
+  }
+  return tally.finish();
+}
+
+/// Kills launches at random moments; the next launch of the profile must succeed.
+int runDeaths(const std::string& proxy, int count, Tally tally) {
+  using Clock = std::chrono::steady_clock;
+  const Trial trial(proxy);
+  const auto start = Clock::now();
+  (void)trial.run();
+  std::mt19937 random(20260301);
+  std::uniform_int_distribution<Clock::rep> moment(0, (Clock::now() - start).count());
+  for (int i = 0; i < count; ++i) {
+    trial.fillProfile();
+    const pid_t killed = trial.start();
+    std::this_thread::sleep_for(Clock::duration(moment(random)));
+    ::kill(killed, SIGKILL);
+    (void)waitForAll(killed);
+    Strings wrong = trial.wrongFiles(true);
+    const std::size_t starts = trial.engineStarts();
+    std::filesystem::remove(trial.resultFile());
+    const int status = trial.run();
+    for (std::string& each : trial.wrongFiles(true)) wrong.push_back(std::move(each));
+    if (status != 0 || trial.engineStarts() != starts + 1 || !isWholeReport(trial.resultFile())) {
+      wrong.emplace_back("the next launch fails");
+    }
+    tally.add("death " + std::to_string(i), wrong);
+  }
+  return tally.finish();
+}
+
+/// Waits until so many launches are left; counts those that failed. Ended engines are passed over.
+std::size_t reapUntil(std::size_t remaining, std::set<pid_t>& running) {
+  std::size_t failed = 0;
+  while (running.size() > remaining) {
+    int status = 0;
+    if (running.erase(::waitpid(-1, &status, 0)) == 1 && status != 0) ++failed;
+  }
+  return failed;
+}
+
+/// Launches of one profile, eight at a time, and somebody who reads the result all the time.
+int runLoad(const std::string& proxy, int count, Tally tally) {
+  const Trial trial(proxy);
+  std::size_t reads = 0;
+  std::size_t missed = 0;
+  std::jthread reader([&](const std::stop_token& stop) {
+    while (!stop.stop_requested()) {
+      const bool isWhole = isWholeReport(trial.resultFile());
+      if (isWhole || reads > 0) ++reads;
+      if (!isWhole && reads > 0) ++missed;
+    }
+  });
+  std::set<pid_t> running;
+  std::size_t failed = 0;
+  for (int i = 0; i < count; ++i) {
+    running.insert(trial.start());
+    failed += reapUntil(7, running);
+  }
+  failed += reapUntil(0, running);
+  (void)waitForAll(0);
+  reader.request_stop();
+  reader.join();
+  Strings wrong = trial.wrongAfter(0, static_cast<std::size_t>(count));
+  if (failed > 0) wrong.push_back(std::to_string(failed) + " launches failed");
+  if (missed > 0 || reads == 0) wrong.push_back(std::to_string(missed) + " times no whole report");
+  std::printf("%d launches, %zu reads\n", count, reads);
+  tally.add("eight at a time", wrong);
+  return tally.finish();
+}
+
+int run(const std::string& kind, const std::string& mode, int count) {
+  const char* proxy = mode == "windowed" ? std::getenv("QUILLON_PROXY") : "";
+  if (proxy == nullptr) return 2;
+  const bool onScreen = mode == "windowed" && std::getenv("DISPLAY") != nullptr;
+  Tally tally(kind + ", " + mode + (onScreen ? " on a screen" : ""));
+  // Orphans of launchers become children of this process.
+  ::prctl(PR_SET_CHILD_SUBREAPER, 1);
+  struct sigaction interrupt {};
+  interrupt.sa_handler = [](int) {};
+  ::sigaction(SIGALRM, &interrupt, nullptr);
+  if (kind == "surroundings") return runSurroundings(proxy, tally);
+  if (kind == "faults") return runFaults(proxy, count, tally);
+  if (kind == "deaths") return runDeaths(proxy, count, tally);
+  if (kind == "load") return runLoad(proxy, count, tally);
+  return 2;
+}
+
+}  // namespace
+}  // namespace quillon::torture
+
+int main(int count, char* arguments[]) {
+  if (count < 3) return 2;
+  std::setvbuf(stdout, nullptr, _IOLBF, 0);
+  return quillon::torture::run(arguments[1], arguments[2], count > 3 ? std::atoi(arguments[3]) : 0);
+}
