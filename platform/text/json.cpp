@@ -195,14 +195,13 @@ void JsonObject::buildIndex() {
 /// Equal keys are neighbours in the index, the last in the file behind the others.
 bool JsonObject::dropRepeatedKeys() {
   std::vector<bool> repeated(members_.size(), false);
-  bool any = false;
   for (std::size_t i = 1; i < index_.size(); ++i) {
     const std::size_t earlier = index_[i - 1].position;
     if (members_[earlier].key != members_[index_[i].position].key) continue;
-    any = repeated[earlier] = true;
+    repeated[earlier] = true;
     repeatedKeys_.push_back(members_[earlier].key);
   }
-  if (!any) return false;
+  if (repeatedKeys_.empty()) return false;
   std::size_t position = 0;
   std::erase_if(members_, [&](const JsonMember&) { return repeated[position++]; });
   return true;
