@@ -1,14 +1,54 @@
 #include "discovery/persona.h"
 
+#include <algorithm>
+
 #include "discovery/country_languages.h"
 
 namespace quillon {
+namespace {
+
+/// All that a discovery gives, whoever asks for it. One coordinate alone is no place.
+ResolvedPersona offeredBy(const DiscoverResult& discovered) {
+  ResolvedPersona offered;
+  offered.resolvedFakeIP = discovered.ip;
+  if (!discovered.latitude.empty() && !discovered.longitude.empty()) {
+    offered.resolvedGeoLat = discovered.latitude;
+    offered.resolvedGeoLng = discovered.longitude;
+  }
+  if (!discovered.countryCode.empty()) {
+    const auto [primary, accept] = lookupCountryLang(discovered.countryCode);
+    offered.resolvedLang = primary;
+    offered.resolvedAcceptLang = accept;
+  }
+  offered.resolvedTZ = discovered.timezone;
+  return offered;
+}
+
+}  // namespace
+
+using Keys = OverlayKeys;
+using Persona = ResolvedPersona;
+
+const std::array<Derivation, derivationCount> derivations{{
+    {"webrtc-no-leak", "webrtc-fake-public-ip", &Keys::webrtcNoLeak, &Keys::webrtcFakePublicIpSet,
+     &Persona::resolvedFakeIP},
+    {"auto-geo", "geo-lat", &Keys::autoGeo, &Keys::geoLatSet, &Persona::resolvedGeoLat},
+    {"auto-geo", "geo-lng", &Keys::autoGeo, &Keys::geoLngSet, &Persona::resolvedGeoLng},
+    {"auto-lang", "lang", &Keys::autoLang, &Keys::langSet, &Persona::resolvedLang},
+    {"auto-lang", "accept-language", &Keys::autoLang, &Keys::acceptLanguageSet,
+     &Persona::resolvedAcceptLang},
+    {"auto-timezone", "timezone-override", &Keys::autoTimezone, &Keys::timezoneOverrideSet,
+     &Persona::resolvedTZ},
+}};
+
+bool isDerived(const Derivation& derivation, const OverlayKeys& overlay) {
+  return overlay.*derivation.isAskedFor && !(overlay.*derivation.isGiven);
+}
 
 bool needsDiscovery(const OverlayKeys& overlay) {
-  return (overlay.webrtcNoLeak && !overlay.webrtcFakePublicIpSet) ||
-         (overlay.autoGeo && !(overlay.geoLatSet && overlay.geoLngSet)) ||
-         (overlay.autoLang && !(overlay.langSet && overlay.acceptLanguageSet)) ||
-         (overlay.autoTimezone && !overlay.timezoneOverrideSet);
+  return std::any_of(derivations.begin(), derivations.end(), [&](const Derivation& derivation) {
+    return isDerived(derivation, overlay);
+  });
 }
 
 bool wantsMoreThanAddress(const OverlayKeys& overlay) {
@@ -16,21 +56,10 @@ bool wantsMoreThanAddress(const OverlayKeys& overlay) {
 }
 
 ResolvedPersona resolvePersona(const OverlayKeys& overlay, const DiscoverResult& discovered) {
+  const ResolvedPersona offered = offeredBy(discovered);
   ResolvedPersona persona;
-  if (overlay.webrtcNoLeak && !overlay.webrtcFakePublicIpSet) {
-    persona.resolvedFakeIP = discovered.ip;
-  }
-  if (overlay.autoGeo && !discovered.latitude.empty() && !discovered.longitude.empty()) {
-    if (!overlay.geoLatSet) persona.resolvedGeoLat = discovered.latitude;
-    if (!overlay.geoLngSet) persona.resolvedGeoLng = discovered.longitude;
-  }
-  if (overlay.autoLang && !discovered.countryCode.empty()) {
-    const auto [primary, accept] = lookupCountryLang(discovered.countryCode);
-    if (!overlay.langSet) persona.resolvedLang = primary;
-    if (!overlay.acceptLanguageSet) persona.resolvedAcceptLang = accept;
-  }
-  if (overlay.autoTimezone && !overlay.timezoneOverrideSet) {
-    persona.resolvedTZ = discovered.timezone;
+  for (const Derivation& derivation : derivations) {
+    if (isDerived(derivation, overlay)) persona.*derivation.value = offered.*derivation.value;
   }
   return persona;
 }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "discovery/egress_discovery.h"
 #include "overlay/overlay_keys.h"
@@ -34,6 +36,23 @@ struct ResolvedPersona {
 
   bool operator==(const ResolvedPersona&) const = default;
 };
+
+/// A persona value that a discovery gives.
+struct Derivation {
+  /// The overlay key that asks for it.
+  std::string_view askedBy;
+  /// The overlay key that gives it outright; the engine's switch has the same name.
+  std::string_view key;
+  bool OverlayKeys::*isAskedFor;
+  bool OverlayKeys::*isGiven;
+  std::string ResolvedPersona::*value;
+};
+
+inline constexpr std::size_t derivationCount = 6;
+extern const std::array<Derivation, derivationCount> derivations;
+
+/// Whether the overlay asks for the value and does not carry it.
+[[nodiscard]] bool isDerived(const Derivation& derivation, const OverlayKeys& overlay);
 
 /// Whether the overlay asks for a value that it does not carry itself: only then is a discovery,
 /// and with it a window, needed.

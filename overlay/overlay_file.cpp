@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "overlay/json_file.h"
 #include "platform/system/system.h"
 
 namespace quillon {
@@ -28,8 +29,7 @@ platform::Path overlayFileURL(const std::optional<std::string>& userDataDir) {
 }
 
 std::optional<platform::JsonObject> readOverlayObject(const platform::Path& overlayURL) {
-  const auto text = platform::readFile(overlayURL);
-  return text ? platform::parseJsonObject(*text) : std::nullopt;
+  return readJsonFile(overlayURL).object;
 }
 
 }  // namespace quillon

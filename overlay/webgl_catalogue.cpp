@@ -1,5 +1,7 @@
 #include "overlay/webgl_catalogue.h"
 
+#include "overlay/json_file.h"
+
 namespace quillon {
 namespace {
 
@@ -28,10 +30,14 @@ std::optional<platform::Path> webglCatalogueURL(const CataloguePlaces& places) {
   return besideProgram;
 }
 
+const JsonObject* findWebglProfiles(const JsonObject& catalogue) {
+  return catalogue.find<JsonObject>("profiles");
+}
+
 std::vector<std::string> switchesOfWebglProfile(const JsonObject& catalogue,
                                                 std::string_view profileName) {
   std::vector<std::string> switches;
-  const auto* profiles = catalogue.find<JsonObject>("profiles");
+  const auto* profiles = findWebglProfiles(catalogue);
   const auto* profile = profiles == nullptr ? nullptr : profiles->find<JsonObject>(profileName);
   if (profile == nullptr) return switches;
   for (const auto& [name, value] : profile->members()) {
@@ -46,8 +52,7 @@ std::vector<std::string> webglProfileSwitches(std::string_view profileName,
                                               const CataloguePlaces& places) {
   if (profileName.empty()) return {};
   const auto url = webglCatalogueURL(places);
-  const auto text = url ? platform::readFile(*url) : std::nullopt;
-  const auto catalogue = text ? platform::parseJsonObject(*text) : std::nullopt;
+  const auto catalogue = url ? readJsonFile(*url).object : std::nullopt;
   return catalogue ? switchesOfWebglProfile(*catalogue, profileName) : std::vector<std::string>();
 }
 

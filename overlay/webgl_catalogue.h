@@ -23,6 +23,9 @@ struct CataloguePlaces {
 /// The catalogue file; nothing when it is in neither place.
 [[nodiscard]] std::optional<platform::Path> webglCatalogueURL(const CataloguePlaces& places);
 
+/// The object that maps a catalogue's profile names to profiles; null when it has none.
+[[nodiscard]] const platform::JsonObject* findWebglProfiles(const platform::JsonObject& catalogue);
+
 /// The switches of one profile of a catalogue, in the file's order. An entry gives none when its
 /// name begins with "_" or its value is null or has an empty text.
 [[nodiscard]] std::vector<std::string> switchesOfWebglProfile(const platform::JsonObject& catalogue,

@@ -1,29 +1,63 @@
 #include "profile/profile_cleaning.h"
 
-#include "platform/files/files.h"
+#include <array>
 
 namespace quillon {
 namespace {
 
 using platform::Folder;
 
-void removeFrom(const platform::Path& folder, Folder::LastLink lastLink, ProfileItem::Base base,
-                const ProfileItems& items) {
+/// A folder that items count from, and whether it may be a link.
+struct BaseFolder {
+  platform::Path path;
+  Folder::LastLink lastLink;
+  ProfileItem::Base base;
+};
+
+std::array<BaseFolder, 2> baseFolders(const std::string& userDataDir) {
+  const platform::Path root(userDataDir);
+  return {{{root, Folder::LastLink::follow, ProfileItem::Base::root},
+           {root / "Default", Folder::LastLink::refuse, ProfileItem::Base::defaultProfile}}};
+}
+
+std::vector<std::string_view> pathsBelow(const BaseFolder& folder, const ProfileItems& items) {
   std::vector<std::string_view> paths;
   for (const ProfileItem& item : items) {
-    if (item.base == base) paths.push_back(item.path);
+    if (item.base == folder.base) paths.push_back(item.path);
   }
-  if (paths.empty()) return;
-  if (const auto open = Folder::open(folder, lastLink)) open->removeItems(paths);
+  return paths;
+}
+
+/// The items of each base whose folder can be opened, given to `use`; nothing for no profile.
+template <class Use>
+void withOpenFolders(const std::string& userDataDir, const ProfileItems& items, Use use) {
+  if (userDataDir.empty()) return;
+  for (const BaseFolder& folder : baseFolders(userDataDir)) {
+    const auto paths = pathsBelow(folder, items);
+    if (paths.empty()) continue;
+    if (const auto open = Folder::open(folder.path, folder.lastLink)) use(folder, *open, paths);
+  }
 }
 
 }  // namespace
 
 void removeFromProfile(const std::string& userDataDir, const ProfileItems& items) {
-  if (userDataDir.empty()) return;
-  const platform::Path root(userDataDir);
-  removeFrom(root, Folder::LastLink::follow, ProfileItem::Base::root, items);
-  removeFrom(root / "Default", Folder::LastLink::refuse, ProfileItem::Base::defaultProfile, items);
+  withOpenFolders(userDataDir, items,
+                  [](const BaseFolder&, const Folder& open,
+                     const std::vector<std::string_view>& paths) { open.removeItems(paths); });
+}
+
+std::vector<platform::Path> findInProfile(const std::string& userDataDir,
+                                          const ProfileItems& items) {
+  std::vector<platform::Path> found;
+  withOpenFolders(userDataDir, items,
+                  [&](const BaseFolder& folder, const Folder& open,
+                      const std::vector<std::string_view>& paths) {
+                    for (const std::string_view path : paths) {
+                      if (open.holds(path)) found.push_back(folder.path / path);
+                    }
+                  });
+  return found;
 }
 
 }  // namespace quillon

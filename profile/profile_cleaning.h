@@ -1,7 +1,9 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "platform/files/files.h"
 #include "profile/profile_items.h"
 
 namespace quillon {
@@ -12,5 +14,9 @@ namespace quillon {
 /// stays, and the rest is still removed. Nothing is reported. Nothing happens for an empty
 /// `userDataDir`. Any thread.
 void removeFromProfile(const std::string& userDataDir, const ProfileItems& items);
+
+/// The paths of what `removeFromProfile` would find to remove, by the same rules. Any thread.
+[[nodiscard]] std::vector<platform::Path> findInProfile(const std::string& userDataDir,
+                                                        const ProfileItems& items);
 
 }  // namespace quillon

@@ -47,6 +47,14 @@ void clearPreviousTabs(ProfileItems& removals) {
   removals.insert(removals.end(), sessionItems.begin(), sessionItems.end());
 }
 
+std::vector<std::string_view> granularResetKeys() {
+  std::vector<std::string_view> keys{"all"};
+  for (const ResetRow& row : resetTable) {
+    if (row.key != keys.back()) keys.push_back(row.key);
+  }
+  return keys;
+}
+
 void resetGranularStorage(ProfileItems& removals,
                           const std::map<std::string, bool>& granularStorageReset) {
   const auto isTrue = [&](std::string_view key) {

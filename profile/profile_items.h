@@ -24,6 +24,9 @@ using ProfileItems = std::vector<ProfileItem>;
 /// Adds what holds the tabs of the previous session, so that the engine does not reopen them.
 void clearPreviousTabs(ProfileItems& removals);
 
+/// The keys of the kinds of stored site data, "all" among them.
+[[nodiscard]] std::vector<std::string_view> granularResetKeys();
+
 /// Adds the kinds of stored site data whose keys are true; "all" stands for every kind. Unknown
 /// keys select nothing.
 void resetGranularStorage(ProfileItems& removals,

@@ -51,6 +51,8 @@ void appendValue(std::string& out, const ReportValue& value) {
     appendQuoted(out, *text);
   } else if (const auto* number = std::get_if<std::int64_t>(&value)) {
     out += std::to_string(*number);
+  } else if (const auto* json = std::get_if<JsonText>(&value)) {
+    out += json->text;
   } else {
     out += "null";
   }
@@ -65,7 +67,7 @@ std::string jsonEscape(std::string_view text) {
   return escaped;
 }
 
-std::string writeJsonObject(const std::vector<ReportMember>& members) {
+JsonText jsonObject(const std::vector<ReportMember>& members) {
   const char* separator = "";
   std::string text("{");
   for (const auto& [key, value] : members) {
@@ -74,7 +76,21 @@ std::string writeJsonObject(const std::vector<ReportMember>& members) {
     text += ':';
     appendValue(text, value);
   }
-  return text + "}\n";
+  return {text + "}"};
+}
+
+JsonText jsonList(const std::vector<ReportValue>& values) {
+  const char* separator = "";
+  std::string text("[");
+  for (const ReportValue& value : values) {
+    text += std::exchange(separator, ",");
+    appendValue(text, value);
+  }
+  return {text + "]"};
+}
+
+std::string writeJsonObject(const std::vector<ReportMember>& members) {
+  return jsonObject(members).text + "\n";
 }
 
 std::string timestampText(std::chrono::system_clock::time_point instant) {

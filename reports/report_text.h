@@ -12,15 +12,26 @@
 /// anywhere, a line feed at the end. Any thread.
 namespace quillon {
 
+/// A value that is JSON text already: an object in an object, a list, true or false.
+struct JsonText {
+  std::string text;
+};
+
 /// What a member holds; std::monostate is written as null.
-using ReportValue = std::variant<std::monostate, std::string, std::int64_t>;
+using ReportValue = std::variant<std::monostate, std::string, std::int64_t, JsonText>;
 using ReportMember = std::pair<std::string_view, ReportValue>;
 
 /// The content of a JSON string (RFC 8259) for a text, without the quotes around it. Only what
 /// must be escaped is; bytes beyond ASCII stay as they are.
 [[nodiscard]] std::string jsonEscape(std::string_view text);
 
-/// The report text of the members.
+/// The members as one JSON object, without a line feed.
+[[nodiscard]] JsonText jsonObject(const std::vector<ReportMember>& members);
+
+/// The values as one JSON list.
+[[nodiscard]] JsonText jsonList(const std::vector<ReportValue>& values);
+
+/// The report text of the members: the object and a line feed.
 [[nodiscard]] std::string writeJsonObject(const std::vector<ReportMember>& members);
 
 /// An instant as ISO 8601 in UTC without fractions: 2026-03-01T14:05:09Z.

@@ -17,6 +17,12 @@ using Path = std::filesystem::path;
 /// What stands at the end of the path, links followed; a folder counts like a file.
 [[nodiscard]] bool exists(const Path& path);
 
+/// Whether a folder (links followed) stands there.
+[[nodiscard]] bool isFolder(const Path& path);
+
+/// Whether this process may create files in the folder.
+[[nodiscard]] bool isWritableFolder(const Path& folder);
+
 /// Whether a regular file (links followed) stands there that this process may execute.
 [[nodiscard]] bool isExecutableFile(const Path& path);
 
@@ -54,6 +60,10 @@ class Folder {
   /// is followed: below one, nothing counts as standing there. While much is to be removed, up to
   /// seven further threads take part; they handle no signals and have ended at the return.
   void removeItems(std::span<const std::string_view> relativePaths) const;
+
+  /// Whether there is anything of that path below the folder, be it a link to nothing. No link on
+  /// the way is followed.
+  [[nodiscard]] bool holds(std::string_view relativePath) const;
 
  private:
   explicit Folder(UniqueFd descriptor) : descriptor_(std::move(descriptor)) {}

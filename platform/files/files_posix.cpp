@@ -23,11 +23,6 @@ std::optional<struct stat> statusOf(const Path& path) {
   return status;
 }
 
-bool isFolder(const Path& path) {
-  const auto status = statusOf(path);
-  return status && S_ISDIR(status->st_mode);
-}
-
 /// One byte more than expected is asked for: getting exactly what was expected tells the end.
 std::optional<std::string> readToEnd(int descriptor, std::size_t expectedBytes) {
   std::string content(expectedBytes + 1, '\0');
@@ -51,6 +46,15 @@ std::optional<std::string> readToEnd(int descriptor, std::size_t expectedBytes) 
 
 bool exists(const Path& path) {
   return statusOf(path).has_value();
+}
+
+bool isFolder(const Path& path) {
+  const auto status = statusOf(path);
+  return status && S_ISDIR(status->st_mode);
+}
+
+bool isWritableFolder(const Path& folder) {
+  return isFolder(folder) && ::access(folder.c_str(), W_OK | X_OK) == 0;
 }
 
 bool isExecutableFile(const Path& path) {
@@ -102,6 +106,18 @@ std::optional<Folder> Folder::open(const Path& path, LastLink lastLink) {
 
 void Folder::removeItems(std::span<const std::string_view> relativePaths) const {
   removeBelow(descriptor_.get(), relativePaths);
+}
+
+bool Folder::holds(std::string_view relativePath) const {
+  const std::size_t slash = relativePath.find('/');
+  const std::string name(relativePath.substr(0, slash));
+  if (slash == std::string_view::npos) {
+    struct stat status {};
+    return ::fstatat(descriptor_.get(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+  }
+  UniqueFd next(
+      ::openat(descriptor_.get(), name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+  return next.isOpen() && Folder(std::move(next)).holds(relativePath.substr(slash + 1));
 }
 
 }  // namespace quillon::platform
