@@ -47,11 +47,16 @@ constexpr std::array<CountryLang, countryCount> countryLangTable{{
     {"EG", "ar-EG", "ar-EG,ar;q=0.9,en;q=0.8"},
 }};
 
-LanguagePair lookupCountryLang(std::string_view countryCode) {
+const CountryLang* findCountryLang(std::string_view countryCode) {
   const std::string code = platform::upperCased(countryCode);
   const auto* row = std::find_if(countryLangTable.begin(), countryLangTable.end(),
                                  [&](const CountryLang& country) { return country.cc == code; });
-  if (row == countryLangTable.end()) return {"en-US", "en-US,en;q=0.9"};
+  return row == countryLangTable.end() ? nullptr : row;
+}
+
+LanguagePair lookupCountryLang(std::string_view countryCode) {
+  const CountryLang* row = findCountryLang(countryCode);
+  if (row == nullptr) return {"en-US", "en-US,en;q=0.9"};
   return {row->primary, row->accept};
 }
 

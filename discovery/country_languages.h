@@ -27,6 +27,9 @@ struct LanguagePair {
 inline constexpr std::size_t countryCount = 38;
 extern const std::array<CountryLang, countryCount> countryLangTable;
 
+/// The row of a country, its code in any case; null when the table does not have it. Any thread.
+[[nodiscard]] const CountryLang* findCountryLang(std::string_view countryCode);
+
 /// The languages of a country, its code in any case; those of the United States when the table does
 /// not have it. The code is not trimmed. Any thread.
 [[nodiscard]] LanguagePair lookupCountryLang(std::string_view countryCode);

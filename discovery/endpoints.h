@@ -20,6 +20,9 @@ struct Endpoint {
 /// Answers the bare address.
 [[nodiscard]] Endpoint fallbackEndpoint();
 
+/// Whether the host has a name that is reserved for examples and tests, so that nobody answers.
+[[nodiscard]] bool isReservedHost(std::string_view host);
+
 /// The label directly left of the top-level domain; the whole name when it has only one label.
 [[nodiscard]] std::string_view providerLabel(std::string_view host);
 

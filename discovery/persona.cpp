@@ -46,9 +46,8 @@ bool isDerived(const Derivation& derivation, const OverlayKeys& overlay) {
 }
 
 bool needsDiscovery(const OverlayKeys& overlay) {
-  return std::any_of(derivations.begin(), derivations.end(), [&](const Derivation& derivation) {
-    return isDerived(derivation, overlay);
-  });
+  return std::any_of(derivations.begin(), derivations.end(),
+                     [&](const Derivation& derivation) { return isDerived(derivation, overlay); });
 }
 
 bool wantsMoreThanAddress(const OverlayKeys& overlay) {

@@ -1,0 +1,73 @@
+#include <string>
+
+#include "inspect/findings.h"
+#include "overlay/webgl_catalogue.h"
+
+namespace quillon {
+namespace {
+
+using platform::JsonObject;
+using Level = Finding::Level;
+
+constexpr const char* withoutSwitches = "the engine gets no WebGL switches";
+
+Finding finding(const LaunchPreview& preview, Level level, const std::string& trouble,
+                const std::string& remedy) {
+  return {level, "webgl-profile",
+          inOverlay(preview, "webgl-profile") + " has no effect: " + trouble + ", so " +
+              withoutSwitches + ". " + remedy};
+}
+
+std::string profileNames(const JsonObject& profiles) {
+  constexpr std::size_t mostNames = 12;
+  std::string names;
+  std::size_t count = 0;
+  for (const platform::JsonMember& profile : profiles.members()) {
+    if (profile.key.starts_with('_')) continue;
+    if (++count > mostNames) continue;
+    names.append(names.empty() ? "" : ", ").append(profile.key);
+  }
+  if (count > mostNames) names += " and " + std::to_string(count - mostNames) + " more";
+  return names.empty() ? "It has none." : "It has " + names + ".";
+}
+
+Findings unusableProfile(const LaunchPreview& preview, const std::string& file,
+                         const JsonObject& profiles) {
+  const std::string& name = preview.values.request.overlay.webglProfile;
+  if (profiles.find<JsonObject>(name) == nullptr) {
+    return {finding(preview, Level::error, file + " has no profile \"" + name + '"',
+                    profileNames(profiles))};
+  }
+  if (!preview.facts.webglSwitches.empty()) return {};
+  return {finding(preview, Level::warning, "the profile \"" + name + "\" in " + file + " is empty",
+                  "Fill it or name another.")};
+}
+
+}  // namespace
+
+Findings catalogueFindings(const LaunchPreview& preview) {
+  if (preview.values.request.overlay.webglProfile.empty()) return {};
+  const Surroundings& around = preview.surroundings;
+  if (!around.catalogueURL) {
+    const std::string folder = preview.values.bundle.resources.native();
+    return {finding(preview, Level::error, "there is no catalogue in " + folder,
+                    "Put quillon-webgl-profiles.json there.")};
+  }
+  const std::string file = around.catalogueURL->native();
+  const auto& catalogue = around.catalogue.object;
+  const JsonObject* profiles = catalogue ? findWebglProfiles(*catalogue) : nullptr;
+  if (profiles != nullptr) return unusableProfile(preview, file, *profiles);
+  const auto& fault = around.catalogue.fault;
+  std::string trouble = "the catalogue " + file;
+  if (around.catalogue.state != JsonFile::State::malformed) {
+    trouble += catalogue ? " has no object \"profiles\"" : " cannot be read";
+  } else {
+    trouble += " is no JSON object";
+    if (fault.line != 0)
+      trouble +=
+          " (line " + std::to_string(fault.line) + ", column " + std::to_string(fault.column) + ")";
+  }
+  return {finding(preview, Level::error, trouble, "Correct it.")};
+}
+
+}  // namespace quillon

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "inspect/launch_preview.h"
+
+namespace quillon {
+
+/// Something that the user would want to know before the launch.
+struct Finding {
+  enum class Level {
+    /// The launch fails, or a persona value leaks or gets lost.
+    error,
+    /// A setting has no effect, or not the one that its author thinks.
+    warning,
+    /// Worth knowing.
+    note,
+  };
+
+  Level level;
+  /// The overlay's key; empty when it is about none.
+  std::string key;
+  /// What is wrong and where, what will happen, what to do.
+  std::string message;
+};
+
+using Findings = std::vector<Finding>;
+
+/// Looks for one kind of trouble in what is known of a launch. Pure.
+using Check = Findings (*)(const LaunchPreview& preview);
+
+/// What each of the checks finds, in their order.
+[[nodiscard]] Findings findWith(std::span<const Check> checks, const LaunchPreview& preview);
+
+/// A key and the overlay file that it is or should be in, for a message.
+[[nodiscard]] std::string inOverlay(const LaunchPreview& preview, const std::string& key);
+
+}  // namespace quillon

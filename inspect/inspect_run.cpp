@@ -1,0 +1,71 @@
+#include "inspect/inspect_run.h"
+
+#include <algorithm>
+
+#include "inspect/findings.h"
+#include "inspect/inspect_options.h"
+#include "inspect/json_page.h"
+#include "inspect/text_page.h"
+#include "launcher/launch_request.h"
+#include "platform/files/bundle.h"
+#include "platform/system/process.h"
+#include "platform/system/standard_output.h"
+#include "platform/system/system.h"
+
+namespace quillon {
+namespace {
+
+enum Status { nothingFound = 0, somethingFound = 1, calledWrongly = 2 };
+
+TextStyle styleFor(const InspectOptions& options) {
+  const bool isTerminal = platform::standardOutputIsTerminal();
+  const auto noColor = platform::startEnvironment().value("NO_COLOR");
+  const bool isForbidden = noColor && !noColor->empty();
+  return {isTerminal, isTerminal && options.mayColor && !isForbidden};
+}
+
+int statusFor(const Findings& findings) {
+  const bool hasTrouble = std::any_of(findings.begin(), findings.end(), [](const Finding& finding) {
+    return finding.level != Finding::Level::note;
+  });
+  return hasTrouble ? somethingFound : nothingFound;
+}
+
+int print(const std::string& text, int status) {
+  return platform::writeToStandardOutput(text) ? status : calledWrongly;
+}
+
+int inspect(const InspectOptions& options) {
+  const LaunchPreview preview = previewLaunch(launcherOf(platform::executableLocation()),
+                                              options.launchArguments, options.discovers);
+  const Findings findings = findingsOf(preview);
+  return print(options.printsJson ? jsonPage(preview, findings)
+                                  : textPage(preview, findings, styleFor(options)),
+               statusFor(findings));
+}
+
+}  // namespace
+
+platform::Path launcherOf(const platform::Path& inspector) {
+  constexpr const char* name = "Nimbra";
+  const platform::Path folder = inspector.parent_path();
+  const platform::Path contents = folder.parent_path();
+  const bool isInBundle = folder.filename() == "Helpers" && contents.filename() == "Contents";
+  return isInBundle ? contents / "MacOS" / name : folder / name;
+}
+
+int runInspect(const std::vector<std::string>& argumentVector) {
+  const InspectOptions options = readOptions(argumentVector);
+  if (!options.trouble.empty()) {
+    platform::writeToStandardError("nimbra-inspect: " + options.trouble +
+                                   "\nTry nimbra-inspect --help.\n");
+    return calledWrongly;
+  }
+  if (options.wantsHelp) return print(helpPage(), nothingFound);
+  if (options.wantsVersion) {
+    return print(std::string("nimbra-inspect ") + launcherVersion + "\n", nothingFound);
+  }
+  return inspect(options);
+}
+
+}  // namespace quillon

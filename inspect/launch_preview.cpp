@@ -1,0 +1,105 @@
+#include "inspect/launch_preview.h"
+
+#include <algorithm>
+#include <system_error>
+#include <utility>
+
+#include "discovery/endpoints.h"
+#include "launcher/launch_deeds.h"
+#include "profile/profile_cleaning.h"
+
+namespace quillon {
+namespace {
+
+using EngineStart = LaunchPreview::EngineStart;
+
+/// A discovery that gives everything that is asked for.
+DiscoveryOutcome unknownOutcome(const OverlayKeys& overlay) {
+  DiscoveryOutcome outcome;
+  for (const Derivation& derivation : derivations) {
+    if (isDerived(derivation, overlay))
+      outcome.persona.*derivation.value = std::string(unknownValue);
+  }
+  return outcome;
+}
+
+/// Discovers when that is wanted, or when it comes to nothing before curl is started.
+std::optional<DiscoveryOutcome> outcomeOf(const LaunchPreview& preview, bool discover) {
+  const bool startsCurl = preview.curl() && preview.surroundings.curlIsExecutable;
+  if (!preview.values.needsWindow || (startsCurl && !discover)) return std::nullopt;
+  return discoverAndResolve(
+      preview.values.request.overlay, [](const std::string&) {},
+      [](const std::string& proxyServer, const std::string& endpointURL) {
+        return discoverEgress(proxyServer, endpointURL);
+      });
+}
+
+LaunchPlan planOf(const LaunchPreview& preview) {
+  const LaunchRequest& request = preview.values.request;
+  if (!preview.values.needsWindow) return planPassthrough(request, preview.facts);
+  const DiscoveryOutcome outcome = preview.outcome.value_or(unknownOutcome(request.overlay));
+  return blocksEngine(request.overlay, outcome) ? planBlocked(request, outcome)
+                                                : planWindowed(request, preview.facts, outcome);
+}
+
+std::vector<platform::Path> removedBy(const LaunchPlan& plan) {
+  auto found = findInProfile(plan.userDataDir.value_or(""), plan.removals);
+  std::transform(found.begin(), found.end(), found.begin(), absolutePath);
+  return found;
+}
+
+}  // namespace
+
+platform::Path absolutePath(const platform::Path& path) {
+  std::error_code error;
+  platform::Path whole = std::filesystem::absolute(path, error);
+  return error ? path : whole;
+}
+
+EngineStart LaunchPreview::engineStart() const {
+  const std::vector<std::string>& arguments = plan.engineArguments;
+  if (arguments.empty()) return EngineStart::notWanted;
+  if (!surroundings.engineIsExecutable) return EngineStart::missing;
+  const platform::ArgumentLimits& limits = surroundings.argumentLimits;
+  const bool fits =
+      platform::startBytes(arguments) + surroundings.environmentBytes <= limits.together &&
+      std::all_of(arguments.begin(), arguments.end(),
+                  [&](const std::string& text) { return text.size() < limits.oneString; });
+  return fits ? EngineStart::succeeds : EngineStart::tooLong;
+}
+
+std::optional<std::vector<std::string>> LaunchPreview::engine() const {
+  if (engineStart() != EngineStart::succeeds) return std::nullopt;
+  return plan.engineArguments;
+}
+
+std::optional<ExitStatus> LaunchPreview::exitStatus() const {
+  if (!isComplete()) return std::nullopt;
+  const EngineStart start = engineStart();
+  const bool fails = start == EngineStart::missing || start == EngineStart::tooLong;
+  return fails ? ExitStatus::fatalFailure : plan.exitStatus;
+}
+
+std::optional<std::vector<std::string>> LaunchPreview::curl() const {
+  if (!values.needsWindow) return std::nullopt;
+  auto arguments = curlArguments({values.request.overlay.proxyServer, primaryEndpoint().url});
+  if (arguments) arguments->insert(arguments->begin(), curlExecutable);
+  return arguments;
+}
+
+LaunchPreview previewLaunch(const platform::Path& launcher,
+                            const std::vector<std::string>& arguments, bool discover) {
+  std::vector<std::string> argumentVector{launcher.native()};
+  argumentVector.insert(argumentVector.end(), arguments.begin(), arguments.end());
+  LaunchPreview preview;
+  preview.values = fixProcessValues(argumentVector, launcher);
+  preview.surroundings = lookAround(preview.values);
+  preview.outcome = outcomeOf(preview, discover);
+  preview.wasDiscovered = discover && preview.outcome;
+  preview.facts = gatherFacts(preview.values);
+  preview.plan = planOf(preview);
+  preview.removes = removedBy(preview.plan);
+  return preview;
+}
+
+}  // namespace quillon

@@ -1,0 +1,11 @@
+#include "inspect/inspect_run.h"
+#include "platform/files/descriptor.h"
+#include "platform/system/process.h"
+#include "platform/system/system.h"
+
+int main(int count, char* arguments[]) {
+  namespace platform = quillon::platform;
+  platform::occupyClosedStandardStreams();
+  (void)platform::startEnvironment();
+  platform::endProcess(quillon::runInspect({arguments, arguments + count}));
+}

@@ -1,0 +1,123 @@
+#include <array>
+#include <string>
+
+#include "engine/engine_spawn.h"
+#include "inspect/findings.h"
+
+namespace quillon {
+namespace {
+
+using Level = Finding::Level;
+
+const OverlayKeys& overlayOf(const LaunchPreview& preview) {
+  return preview.values.request.overlay;
+}
+
+Findings missingProxy(const LaunchPreview& preview) {
+  if (!preview.values.needsWindow || !overlayOf(preview).proxyServer.empty()) return {};
+  return {{Level::error, "proxy-server",
+           inOverlay(preview, "proxy-server") +
+               " is missing or empty, and values are to be derived: discovery goes out directly, "
+               "and the persona gets those of your real address. Name the proxy."}};
+}
+
+Findings unusableProxy(const LaunchPreview& preview) {
+  const std::string& proxy = overlayOf(preview).proxyServer;
+  if (!preview.values.needsWindow || preview.curl()) return {};
+  const std::string scheme = proxy.substr(0, proxy.find("://"));
+  return {{Level::error, "proxy-server",
+           inOverlay(preview, "proxy-server") +
+               " does not begin with socks5://, the only scheme that discovery takes" +
+               (scheme.size() < proxy.size() ? " (not \"" + scheme + "://\")" : "") +
+               ": nothing can be derived, and discovery fails. Name a SOCKS5 proxy."}};
+}
+
+Findings nulInProxy(const LaunchPreview& preview) {
+  if (overlayOf(preview).proxyServer.find('\0') == std::string::npos) return {};
+  return {{Level::error, "proxy-server",
+           inOverlay(preview, "proxy-server") +
+               " holds a NUL: curl gets only what stands before it. Take it out."}};
+}
+
+Findings nulInSwitches(const LaunchPreview& preview) {
+  Findings findings;
+  for (const std::string& text : preview.plan.overrideSwitches) {
+    if (text.find('\0') == std::string::npos) continue;
+    const bool isStartPage = text == overlayOf(preview).startPage;
+    findings.push_back({Level::warning, isStartPage ? "start-page" : "",
+                        (isStartPage ? inOverlay(preview, "start-page")
+                                     : "The engine's switch " + text.substr(0, text.find('='))) +
+                            " holds a NUL: the engine gets only what stands before it. "
+                            "Take it out."});
+  }
+  return findings;
+}
+
+Findings overruledPort(const LaunchPreview& preview) {
+  const std::string& port = overlayOf(preview).cdpTcpPort;
+  const bool isOverruled = !debuggingSwitches(port, {}).empty() &&
+                           debuggingSwitches(port, preview.values.request.originalArgs).empty();
+  if (!isOverruled) return {};
+  return {{Level::warning, "cdp-tcp-port",
+           inOverlay(preview, "cdp-tcp-port") +
+               " has no effect: the arguments name a --remote-debugging-port of their own. "
+               "Keep one of the two."}};
+}
+
+/// Two values that belong together, one of them given and the other derived.
+Findings halfGiven(const LaunchPreview& preview) {
+  struct Pair {
+    std::size_t first;
+    std::size_t second;
+  };
+  constexpr std::array<Pair, 2> pairs{{{1, 2}, {3, 4}}};
+  Findings findings;
+  for (const Pair& pair : pairs) {
+    const Derivation& first = derivations.at(pair.first);
+    const Derivation& second = derivations.at(pair.second);
+    const bool derivesFirst = isDerived(first, overlayOf(preview));
+    if (derivesFirst == isDerived(second, overlayOf(preview))) continue;
+    const std::string given(derivesFirst ? second.key : first.key);
+    const std::string derived(derivesFirst ? first.key : second.key);
+    findings.push_back({Level::warning, std::string(first.askedBy),
+                        inOverlay(preview, std::string(first.askedBy)) + " derives only \"" +
+                            derived + "\", since \"" + given +
+                            "\" is given: the two may contradict each other. Give both or none."});
+  }
+  return findings;
+}
+
+Findings tabsThatGoAnyway(const LaunchPreview& preview) {
+  const auto& overlay = preview.surroundings.overlay.object;
+  const bool isTurnedOff = overlay && overlay->find("close-previous-tabs") != nullptr &&
+                           !overlayBool("close-previous-tabs", *overlay);
+  if (!isTurnedOff || overlayOf(preview).startPage.empty()) return {};
+  return {{Level::warning, "close-previous-tabs",
+           inOverlay(preview, "close-previous-tabs") +
+               " is off, but a \"start-page\" drops the previous session's tabs all the same. "
+               "Take one of the two out."}};
+}
+
+Findings nothingToClean(const LaunchPreview& preview) {
+  const OverlayKeys& overlay = overlayOf(preview);
+  const auto& userDataDir = preview.values.request.userDataDir;
+  if (userDataDir && !userDataDir->empty()) return {};
+  bool resets = false;
+  for (const auto& [key, isOn] : overlay.granularStorageReset) resets = resets || isOn;
+  if (!resets && (!overlay.closePreviousTabs || !overlay.startPage.empty())) return {};
+  const std::string key = resets ? "granular-storage-reset" : "close-previous-tabs";
+  return {{Level::warning, key,
+           inOverlay(preview, key) + " removes nothing: no argument names the profile folder. Give "
+                                     "--user-data-dir=FOLDER."}};
+}
+
+}  // namespace
+
+Findings overlayEffectFindings(const LaunchPreview& preview) {
+  constexpr std::array<Check, 8> checks{missingProxy,     unusableProxy, nulInProxy,
+                                        nulInSwitches,    overruledPort, halfGiven,
+                                        tabsThatGoAnyway, nothingToClean};
+  return findWith(checks, preview);
+}
+
+}  // namespace quillon

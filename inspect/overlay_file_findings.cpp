@@ -1,0 +1,136 @@
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "inspect/findings.h"
+#include "inspect/nearest_key.h"
+#include "overlay/key_list.h"
+#include "profile/profile_items.h"
+
+namespace quillon {
+namespace {
+
+using platform::JsonFault;
+using platform::JsonMember;
+using platform::JsonObject;
+using Level = Finding::Level;
+
+constexpr const char* withoutPersona = " The engine starts without anything of the persona.";
+
+std::string faultText(const JsonFault& fault) {
+  constexpr std::array<const char*, 3> reasons{"is not valid JSON", "holds no JSON object",
+                                               "is nested too deep"};
+  std::string text = reasons.at(static_cast<std::size_t>(fault.kind));
+  if (fault.line == 0) return text;
+  return text + " (line " + std::to_string(fault.line) + ", column " +
+         std::to_string(fault.column) + ")";
+}
+
+Findings unusableFile(const LaunchPreview& preview) {
+  const std::string file = preview.values.overlayURL.native();
+  switch (preview.surroundings.overlay.state) {
+    case JsonFile::State::read:
+      return {};
+    case JsonFile::State::missing:
+      return {{Level::warning, "",
+               "There is no overlay, neither in the profile folder nor at " + file + "." +
+                   withoutPersona + " Write one."}};
+    case JsonFile::State::unreadable:
+      return {{Level::error, "",
+               file + " cannot be read: it is no file, not allowed to you, or larger than " +
+                   std::to_string(platform::maxReadableBytes >> 20) + " MiB." + withoutPersona +
+                   " Put a readable file there."}};
+    case JsonFile::State::malformed:
+      break;
+  }
+  return {{Level::error, "",
+           file + " " + faultText(preview.surroundings.overlay.fault) + "." + withoutPersona +
+               " Correct the file."}};
+}
+
+bool isRemark(std::string_view key) {
+  return key.starts_with('_');
+}
+
+std::vector<std::string_view> overlayKeyNames() {
+  std::vector<std::string_view> names;
+  for (const OverlayKey& key : overlayKeyList) names.push_back(key.name);
+  return names;
+}
+
+bool isAmong(std::string_view name, const std::vector<std::string_view>& names) {
+  return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+/// The engine reads the same file, so a key that is unknown here may well be one of its own. Only
+/// one that looks like a typing error is reported, and not when the key it would be is there too.
+Findings misspeltKeys(const LaunchPreview& preview) {
+  const JsonObject& overlay = *preview.surroundings.overlay.object;
+  const auto known = overlayKeyNames();
+  Findings findings;
+  for (const JsonMember& member : overlay.members()) {
+    if (isRemark(member.key) || isAmong(member.key, known)) continue;
+    const std::string_view nearest = nearestKey(member.key, known);
+    if (nearest.empty() || overlay.find(nearest) != nullptr) continue;
+    findings.push_back({Level::warning, member.key,
+                        inOverlay(preview, member.key) +
+                            " is no key that the launcher knows, and has no effect on it. Is \"" +
+                            std::string(nearest) + "\" meant?"});
+  }
+  return findings;
+}
+
+Findings unknownResetKeys(const LaunchPreview& preview) {
+  const auto* reset =
+      preview.surroundings.overlay.object->find<JsonObject>("granular-storage-reset");
+  const auto known = granularResetKeys();
+  Findings findings;
+  if (reset == nullptr) return findings;
+  for (const JsonMember& member : reset->members()) {
+    if (isRemark(member.key) || isAmong(member.key, known)) continue;
+    std::string names;
+    for (const std::string_view name : known) names.append(names.empty() ? "" : ", ").append(name);
+    const std::string_view nearest = nearestKey(member.key, known);
+    findings.push_back({Level::warning, "granular-storage-reset",
+                        '"' + member.key + "\" within " +
+                            inOverlay(preview, "granular-storage-reset") +
+                            " is no kind of site data and wipes nothing. " +
+                            (nearest.empty() ? "The kinds are " + names + "."
+                                             : "Is \"" + std::string(nearest) + "\" meant?")});
+  }
+  return findings;
+}
+
+void addRepeated(Findings& findings, const LaunchPreview& preview, const JsonObject& object,
+                 const std::string& within) {
+  std::vector<std::string> repeated = object.repeatedKeys();
+  std::sort(repeated.begin(), repeated.end());
+  repeated.erase(std::unique(repeated.begin(), repeated.end()), repeated.end());
+  for (const std::string& key : repeated) {
+    findings.push_back({Level::warning, within.empty() ? key : within,
+                        (within.empty() ? inOverlay(preview, key)
+                                        : '"' + key + "\" within " + inOverlay(preview, within)) +
+                            " is given more than once: the last one counts. Keep one."});
+  }
+}
+
+Findings repeatedKeys(const LaunchPreview& preview) {
+  const JsonObject& overlay = *preview.surroundings.overlay.object;
+  Findings findings;
+  addRepeated(findings, preview, overlay, "");
+  for (const OverlayKey& key : overlayKeyList) {
+    const auto* nested = overlay.find<JsonObject>(key.name);
+    if (nested != nullptr) addRepeated(findings, preview, *nested, std::string(key.name));
+  }
+  return findings;
+}
+
+}  // namespace
+
+Findings overlayFileFindings(const LaunchPreview& preview) {
+  if (!preview.surroundings.overlay.object) return unusableFile(preview);
+  constexpr std::array<Check, 3> checks{misspeltKeys, unknownResetKeys, repeatedKeys};
+  return findWith(checks, preview);
+}
+
+}  // namespace quillon

@@ -1,0 +1,91 @@
+#include "inspect/surroundings.h"
+
+#include <array>
+#include <charconv>
+#include <cstring>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+#include "discovery/egress_discovery.h"
+#include "platform/system/other_process.h"
+#include "platform/system/process.h"
+
+namespace quillon {
+namespace {
+
+using ProfileFolder = Surroundings::ProfileFolder;
+
+ProfileFolder profileFolderOf(const std::optional<std::string>& userDataDir) {
+  if (!userDataDir || userDataDir->empty()) return ProfileFolder::notNamed;
+  if (!platform::exists(*userDataDir)) return ProfileFolder::missing;
+  if (!platform::isFolder(*userDataDir)) return ProfileFolder::notAFolder;
+  return platform::isWritableFolder(*userDataDir) ? ProfileFolder::writable
+                                                  : ProfileFolder::notWritable;
+}
+
+/// Chromium's lock is a link to "HOST-PROCESS". One that names a process of this machine which is
+/// gone was left over by a crash, and Chromium takes it over.
+bool isInUse(const std::optional<std::string>& userDataDir) {
+  if (!userDataDir || userDataDir->empty()) return false;
+  std::error_code error;
+  const platform::Path lock = platform::Path(*userDataDir) / "SingletonLock";
+  const std::string holder = std::filesystem::read_symlink(lock, error).native();
+  if (error) return std::filesystem::exists(std::filesystem::symlink_status(lock, error));
+  const std::size_t dash = holder.rfind('-');
+  if (dash == std::string::npos || holder.substr(0, dash) != platform::hostName()) return true;
+  std::int64_t process = 0;
+  const char* const end = holder.data() + holder.size();
+  const auto [parsed, fault] = std::from_chars(holder.data() + dash + 1, end, process);
+  return fault != std::errc() || parsed != end || platform::isRunning(process);
+}
+
+/// The places where curl looks, in its order.
+std::optional<platform::Path> curlConfigurationFile() {
+  struct Place {
+    std::string_view variable;
+    std::string_view file;
+  };
+  constexpr std::array<Place, 5> places{{{"CURL_HOME", ".curlrc"},
+                                         {"XDG_CONFIG_HOME", ".curlrc"},
+                                         {"XDG_CONFIG_HOME", "curlrc"},
+                                         {"HOME", ".curlrc"},
+                                         {"HOME", ".config/curlrc"}}};
+  for (const Place& place : places) {
+    const auto folder = platform::startEnvironment().value(place.variable);
+    if (!folder || folder->empty()) continue;
+    platform::Path file = platform::Path(*folder) / place.file;
+    if (platform::exists(file)) return file;
+  }
+  return std::nullopt;
+}
+
+std::size_t environmentBytes() {
+  std::size_t bytes = 0;
+  for (char* const* entry = platform::startEnvironment().entries(); *entry != nullptr; ++entry) {
+    bytes += std::strlen(*entry) + 1 + sizeof(char*);
+  }
+  return bytes;
+}
+
+}  // namespace
+
+Surroundings lookAround(const ProcessValues& values) {
+  const LaunchRequest& request = values.request;
+  Surroundings around;
+  around.overlay = readJsonFile(values.overlayURL);
+  if (!request.overlay.webglProfile.empty()) {
+    around.catalogueURL = webglCatalogueURL(values.cataloguePlaces());
+    if (around.catalogueURL) around.catalogue = readJsonFile(*around.catalogueURL);
+  }
+  around.profileFolder = profileFolderOf(request.userDataDir);
+  around.engineIsExecutable = platform::isExecutableFile(request.engineBinary);
+  around.curlIsExecutable = platform::isExecutableFile(curlExecutable);
+  around.profileIsInUse = isInUse(request.userDataDir);
+  around.curlConfiguration = curlConfigurationFile();
+  around.argumentLimits = platform::argumentLimits();
+  around.environmentBytes = environmentBytes();
+  return around;
+}
+
+}  // namespace quillon

@@ -1,0 +1,74 @@
+#include "inspect/text_rows.h"
+
+#include <algorithm>
+
+#include "platform/text/text.h"
+
+namespace quillon {
+namespace {
+
+bool isControl(char character) {
+  constexpr char firstPrintable = 0x20;
+  constexpr char remove = 0x7F;
+  return (character >= 0 && character < firstPrintable) || character == remove;
+}
+
+std::string printable(const std::string& text) {
+  constexpr std::string_view digits = "0123456789ABCDEF";
+  std::string shown;
+  for (const char character : platform::toValidUtf8(text)) {
+    if (!isControl(character)) {
+      shown += character;
+      continue;
+    }
+    const auto code = static_cast<unsigned char>(character);
+    shown += "\\x";
+    shown += digits[code / digits.size()];
+    shown += digits[code % digits.size()];
+  }
+  return shown;
+}
+
+std::string colored(const std::string& text, const std::string& color, const TextStyle& style) {
+  if (!style.hasColor || color.empty() || text.empty()) return text;
+  return "\x1B[" + color + "m" + text + "\x1B[0m";
+}
+
+std::string padding(std::size_t used, std::size_t width) {
+  return std::string(used < width ? width - used : 0, ' ');
+}
+
+std::size_t widthOf(const std::vector<TextRow>& rows, std::string TextRow::*part) {
+  std::size_t width = 0;
+  for (const TextRow& row : rows) width = std::max(width, (row.*part).size());
+  return width;
+}
+
+}  // namespace
+
+std::string renderRows(const std::vector<TextRow>& rows, const TextStyle& style) {
+  constexpr const char* bold = "1";
+  constexpr const char* gap = "  ";
+  const std::size_t labelWidth = widthOf(rows, &TextRow::label);
+  const std::size_t tagWidth = widthOf(rows, &TextRow::tag);
+  std::string page;
+  std::string last;
+  for (const TextRow& row : rows) {
+    if (style.isAligned) {
+      const std::string label = row.label == last ? "" : row.label;
+      page += colored(label, bold, style) + padding(label.size(), labelWidth) + gap +
+              colored(row.tag, row.color, style) + padding(row.tag.size(), tagWidth) + gap;
+    } else {
+      page += row.label + ": " + (row.tag.empty() ? "" : row.tag + ": ");
+    }
+    page += printable(row.text) + '\n';
+    last = row.label;
+  }
+  return page;
+}
+
+std::string counted(std::uint64_t count, const std::string& noun) {
+  return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
+}
+
+}  // namespace quillon
