@@ -8,7 +8,7 @@
 #include "inspect/text_page.h"
 #include "launcher/launch_request.h"
 #include "platform/files/bundle.h"
-#include "platform/system/process.h"
+#include "platform/system/environment.h"
 #include "platform/system/standard_output.h"
 #include "platform/system/system.h"
 

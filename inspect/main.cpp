@@ -1,6 +1,6 @@
 #include "inspect/inspect_run.h"
 #include "platform/files/descriptor.h"
-#include "platform/system/process.h"
+#include "platform/system/environment.h"
 #include "platform/system/system.h"
 
 int main(int count, char* arguments[]) {

@@ -8,8 +8,8 @@
 #include <system_error>
 
 #include "discovery/egress_discovery.h"
+#include "platform/system/environment.h"
 #include "platform/system/other_process.h"
-#include "platform/system/process.h"
 
 namespace quillon {
 namespace {
