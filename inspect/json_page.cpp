@@ -14,7 +14,7 @@ JsonText jsonBool(bool value) {
 }
 
 ReportValue jsonString(std::string_view text) {
-  return platform::toValidUtf8(text);
+  return platform::withoutInvalidBytes(text);
 }
 
 template <class Texts>

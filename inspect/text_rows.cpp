@@ -16,7 +16,7 @@ bool isControl(char character) {
 std::string printable(const std::string& text) {
   constexpr std::string_view digits = "0123456789ABCDEF";
   std::string shown;
-  for (const char character : platform::toValidUtf8(text)) {
+  for (const char character : platform::withoutInvalidBytes(text)) {
     if (!isControl(character)) {
       shown += character;
       continue;
