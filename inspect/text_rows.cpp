@@ -44,23 +44,34 @@ std::size_t widthOf(const std::vector<TextRow>& rows, std::string TextRow::*part
   return width;
 }
 
+struct Widths {
+  std::size_t label;
+  std::size_t tag;
+};
+
+/// Label and tag in their columns; the label only where it is not the one of the row above.
+std::string alignedStart(const TextRow& row, const std::string& labelAbove, const Widths& widths,
+                         const TextStyle& style) {
+  constexpr const char* bold = "1";
+  constexpr const char* gap = "  ";
+  const std::string label = row.label == labelAbove ? "" : row.label;
+  std::string start = colored(label, bold, style) + padding(label.size(), widths.label) + gap;
+  if (row.tag.empty()) return start;
+  return start + colored(row.tag, row.color, style) + padding(row.tag.size(), widths.tag) + gap;
+}
+
+std::string plainStart(const TextRow& row) {
+  return row.label + ": " + (row.tag.empty() ? "" : row.tag + ": ");
+}
+
 }  // namespace
 
 std::string renderRows(const std::vector<TextRow>& rows, const TextStyle& style) {
-  constexpr const char* bold = "1";
-  constexpr const char* gap = "  ";
-  const std::size_t labelWidth = widthOf(rows, &TextRow::label);
-  const std::size_t tagWidth = widthOf(rows, &TextRow::tag);
+  const Widths widths{widthOf(rows, &TextRow::label), widthOf(rows, &TextRow::tag)};
   std::string page;
   std::string last;
   for (const TextRow& row : rows) {
-    if (style.isAligned) {
-      const std::string label = row.label == last ? "" : row.label;
-      page += colored(label, bold, style) + padding(label.size(), labelWidth) + gap +
-              colored(row.tag, row.color, style) + padding(row.tag.size(), tagWidth) + gap;
-    } else {
-      page += row.label + ": " + (row.tag.empty() ? "" : row.tag + ": ");
-    }
+    page += style.isAligned ? alignedStart(row, last, widths, style) : plainStart(row);
     page += printable(row.text) + '\n';
     last = row.label;
   }
