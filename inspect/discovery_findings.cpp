@@ -1,5 +1,6 @@
 #include <array>
 #include <string>
+#include <utility>
 
 #include "discovery/country_languages.h"
 #include "inspect/curl_statuses.h"
@@ -18,14 +19,14 @@ std::string whatFailed(const DiscoverResult& result) {
 
 std::string whatFollows(const LaunchPreview& preview) {
   if (preview.plan.exitStatus == ExitStatus::blocked) {
-    return "\"on-proxy-fail\" is \"block\": no engine is started, the launch ends with status 42.";
+    return R"("on-proxy-fail" is "block": no engine is started, the launch ends with status 42.)";
   }
   std::string lost;
   for (const Derivation& derivation : derivations) {
     if (!isDerived(derivation, preview.values.request.overlay)) continue;
     lost.append(lost.empty() ? "" : ", ").append(derivation.key);
   }
-  return "\"on-proxy-fail\" is \"fallback\": the engine is started all the same, without " + lost +
+  return R"("on-proxy-fail" is "fallback": the engine is started all the same, without )" + lost +
          '.';
 }
 
@@ -46,11 +47,12 @@ Findings valuesNotTold(const LaunchPreview& preview) {
     const bool isLost = isDerived(derivation, preview.values.request.overlay) &&
                         (outcome->persona.*derivation.value).empty();
     if (!isLost) continue;
-    const std::string key(derivation.key);
-    findings.push_back({Level::error, std::string(derivation.askedBy),
-                        inOverlay(preview, std::string(derivation.askedBy)) + " gives no \"" + key +
-                            "\": " + outcome->endpoint.host +
-                            " does not tell what it takes. Give \"" + key + "\" yourself."});
+    const std::string key(derivation.askedBy);
+    std::string message = inOverlay(preview, key);
+    message.append(" gives no \"").append(derivation.key).append("\": ");
+    message.append(outcome->endpoint.host).append(" does not tell what it takes. Give \"");
+    message.append(derivation.key).append("\" yourself.");
+    findings.push_back({Level::error, key, std::move(message)});
   }
   return findings;
 }
@@ -63,9 +65,8 @@ Findings countryWithoutLanguages(const LaunchPreview& preview) {
   if (!hasLanguage || findCountryLang(outcome->result.countryCode) != nullptr) return {};
   return {{Level::warning, "auto-lang",
            inOverlay(preview, "auto-lang") +
-               " gives the languages of the United States: the "
-               "launcher has none for " +
-               outcome->result.countryCode + ". Give \"lang\" and \"accept-language\" yourself."}};
+               " gives the languages of the United States: the launcher has none for " +
+               outcome->result.countryCode + R"(. Give "lang" and "accept-language" yourself.)"}};
 }
 
 }  // namespace

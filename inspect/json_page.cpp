@@ -20,6 +20,7 @@ ReportValue jsonString(std::string_view text) {
 template <class Texts>
 JsonText jsonStrings(const Texts& texts) {
   std::vector<ReportValue> values;
+  values.reserve(texts.size());
   for (const auto& text : texts) values.push_back(jsonString(std::string(text)));
   return jsonList(values);
 }

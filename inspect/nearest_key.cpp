@@ -1,28 +1,39 @@
 #include "inspect/nearest_key.h"
 
 #include <algorithm>
+#include <array>
+#include <numeric>
 #include <string>
-
-#include "platform/text/text.h"
 
 namespace quillon {
 namespace {
 
+/// No key is near one that is longer, and an overlay may hold very many very long ones.
+constexpr std::size_t longestKey = 32;
+
+/// One row of the table of distances between the heads of two keys.
+using Row = std::array<std::size_t, longestKey + 1>;
+
+char plain(char letter) {
+  if (letter == '_') return '-';
+  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
 std::string plain(std::string_view key) {
-  std::string text = platform::lowerCased(key);
-  std::replace(text.begin(), text.end(), '_', '-');
+  std::string text(key);
+  std::transform(text.begin(), text.end(), text.begin(), [](char letter) { return plain(letter); });
   return text;
 }
 
-/// Letters left out, put in, replaced, or swapped with their neighbour.
-std::size_t distance(std::string_view from, std::string_view to) {
-  std::vector<std::size_t> beforeLast(to.size() + 1);
-  std::vector<std::size_t> last(to.size() + 1);
-  std::vector<std::size_t> row(to.size() + 1);
-  for (std::size_t j = 0; j <= to.size(); ++j) row[j] = j;
+/// Letters left out, put in, replaced, or swapped with their neighbour; more than `most` once it is
+/// clear that there are more.
+std::size_t distance(std::string_view from, std::string_view to, std::size_t most) {
+  std::array<Row, 3> rows{};
+  std::iota(rows[0].begin(), rows[0].end(), 0);
   for (std::size_t i = 1; i <= from.size(); ++i) {
-    beforeLast.swap(last);
-    last.swap(row);
+    Row& row = rows.at(i % 3);
+    const Row& last = rows.at((i + 2) % 3);
+    const Row& beforeLast = rows.at((i + 1) % 3);
     row[0] = i;
     for (std::size_t j = 1; j <= to.size(); ++j) {
       const std::size_t replaced = last[j - 1] + (from[i - 1] == to[j - 1] ? 0 : 1);
@@ -30,8 +41,10 @@ std::size_t distance(std::string_view from, std::string_view to) {
       const bool isSwapped = i > 1 && j > 1 && from[i - 1] == to[j - 2] && from[i - 2] == to[j - 1];
       if (isSwapped) row[j] = std::min(row[j], beforeLast[j - 2] + 1);
     }
+    const auto* end = row.begin() + static_cast<std::ptrdiff_t>(to.size()) + 1;
+    if (*std::min_element(row.cbegin(), end) > most) return most + 1;
   }
-  return row[to.size()];
+  return rows.at(from.size() % 3)[to.size()];
 }
 
 std::size_t tolerance(std::string_view known) {
@@ -43,15 +56,15 @@ std::size_t tolerance(std::string_view known) {
 }  // namespace
 
 std::string_view nearestKey(std::string_view key, const std::vector<std::string_view>& known) {
-  // No key is near that long, and the time taken grows with the length.
-  constexpr std::size_t longestTypingError = 64;
-  if (key.size() > longestTypingError) return {};
+  if (key.size() > longestKey) return {};
   const std::string typed = plain(key);
   std::string_view nearest;
-  std::size_t least = longestTypingError;
+  std::size_t least = longestKey;
   for (const std::string_view candidate : known) {
-    const std::size_t off = distance(typed, plain(candidate));
-    if (off > tolerance(candidate) || off >= least) continue;
+    const std::size_t most = tolerance(candidate);
+    if (candidate.size() > typed.size() + most || typed.size() > candidate.size() + most) continue;
+    const std::size_t off = distance(typed, plain(candidate), most);
+    if (off > most || off >= least) continue;
     least = off;
     nearest = candidate;
   }
