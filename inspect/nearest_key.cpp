@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cstdint>
 #include <numeric>
 #include <string>
 
@@ -23,6 +25,20 @@ std::string plain(std::string_view key) {
   std::string text(key);
   std::transform(text.begin(), text.end(), text.begin(), [](char letter) { return plain(letter); });
   return text;
+}
+
+/// The letters that occur, a bit each; some share one.
+std::uint64_t lettersOf(std::string_view text) {
+  std::uint64_t letters = 0;
+  for (const char letter : text) letters |= std::uint64_t{1} << (plain(letter) & 0x3F);
+  return letters;
+}
+
+/// Whether the keys may be so near: each error explains one letter that the other has not.
+bool mayBeNear(std::string_view key, std::string_view other, std::size_t most) {
+  if (key.size() > other.size() + most || other.size() > key.size() + most) return false;
+  const int strange = std::popcount(lettersOf(key) & ~lettersOf(other));
+  return static_cast<std::size_t>(strange) <= most;
 }
 
 /// Letters left out, put in, replaced, or swapped with their neighbour; more than `most` once it is
@@ -62,7 +78,7 @@ std::string_view nearestKey(std::string_view key, const std::vector<std::string_
   std::size_t least = longestKey;
   for (const std::string_view candidate : known) {
     const std::size_t most = tolerance(candidate);
-    if (candidate.size() > typed.size() + most || typed.size() > candidate.size() + most) continue;
+    if (!mayBeNear(typed, candidate, most)) continue;
     const std::size_t off = distance(typed, plain(candidate), most);
     if (off > most || off >= least) continue;
     least = off;
