@@ -1,5 +1,6 @@
 #include <array>
 #include <string>
+#include <utility>
 
 #include "engine/engine_spawn.h"
 #include "inspect/findings.h"
@@ -77,12 +78,12 @@ Findings halfGiven(const LaunchPreview& preview) {
     const Derivation& second = derivations.at(pair.second);
     const bool derivesFirst = isDerived(first, overlayOf(preview));
     if (derivesFirst == isDerived(second, overlayOf(preview))) continue;
-    const std::string given(derivesFirst ? second.key : first.key);
-    const std::string derived(derivesFirst ? first.key : second.key);
-    findings.push_back({Level::warning, std::string(first.askedBy),
-                        inOverlay(preview, std::string(first.askedBy)) + " derives only \"" +
-                            derived + "\", since \"" + given +
-                            "\" is given: the two may contradict each other. Give both or none."});
+    const std::string key(first.askedBy);
+    std::string message = inOverlay(preview, key);
+    message.append(" derives only \"").append(derivesFirst ? first.key : second.key);
+    message.append("\", since \"").append(derivesFirst ? second.key : first.key);
+    message.append("\" is given: the two may contradict each other. Give both or none.");
+    findings.push_back({Level::warning, key, std::move(message)});
   }
   return findings;
 }

@@ -54,6 +54,7 @@ bool isRemark(std::string_view key) {
 
 std::vector<std::string_view> overlayKeyNames() {
   std::vector<std::string_view> names;
+  names.reserve(overlayKeyList.size());
   for (const OverlayKey& key : overlayKeyList) names.push_back(key.name);
   return names;
 }

@@ -64,12 +64,12 @@ constexpr std::array<KindRule, 7> kindRules{{
     {text, isOfKind<std::string>, "counts as absent", "Give a text in quotes."},
     {onOff, isSwitch, "counts as off", "Give true or false."},
     {presence, isAny, "", ""},
-    {policy, isPolicy, "counts as \"block\"", "Give \"block\" or \"fallback\"."},
+    {policy, isPolicy, R"(counts as "block")", R"(Give "block" or "fallback".)"},
     {port, isPort, "is no port: there will be no remote debugging", "Give one from 1 to 65535."},
     {resetKeys, isOfKind<JsonObject>, "wipes nothing",
-     "Give an object such as {\"cookies\": true}."},
+     R"(Give an object such as {"cookies": true}.)"},
     {rawSwitches, isOfKind<JsonObject>, "counts as absent",
-     "Give an object such as {\"--proxy-server\": \"socks5://host:1080\"}."},
+     R"(Give an object such as {"--proxy-server": "socks5://host:1080"}.)"},
 }};
 
 /// Whether the persona is not what it should be without the key.
