@@ -88,18 +88,19 @@ DiscoverResult interpretCurlRun(const platform::ChildRun& run, std::int64_t elap
     return failure(errorCodeOf(run.exitStatus), exitMessage(run.exitStatus, elapsedMs, request),
                    run.exitStatus, elapsedMs);
   }
-  const bool isWhole = run.outputBytes == run.output.size();
-  // A reply cut at the limit may end inside a character; that is not the endpoint's fault.
-  const std::string_view reply =
-      isWhole ? std::string_view(run.output) : platform::withoutCutOffEnd(run.output);
-  if (!platform::isValidUtf8(reply)) {
+  if (run.outputBytes != run.output.size()) {
+    // Beyond the limit there is only the head, which may end inside a character.
+    const std::string head = platform::withoutInvalidBytes(run.output);
+    return failure("DISCOVERY_HTTP_ERROR", noAddressMessage(head, run.outputBytes), 0, elapsedMs);
+  }
+  if (!platform::isValidUtf8(run.output)) {
     return failure("DISCOVERY_HTTP_ERROR", "curl exit 0 but response not UTF-8", 0, elapsedMs);
   }
-  DiscoverResult result = isWhole ? readEndpointReply(reply) : DiscoverResult();
+  DiscoverResult result = readEndpointReply(run.output);
   result.elapsedMs = elapsedMs;
   if (!isUsableAddress(result.ip)) {
     result.errorCode = "DISCOVERY_HTTP_ERROR";
-    result.message = noAddressMessage(reply, run.outputBytes);
+    result.message = noAddressMessage(run.output, run.outputBytes);
   }
   return result;
 }

@@ -9,23 +9,18 @@ namespace {
 using platform::JsonNumber;
 using platform::JsonObject;
 
-std::string textOf(const JsonObject& object, std::string_view key) {
-  const auto* text = object.find<std::string>(key);
-  return text == nullptr ? std::string() : *text;
-}
-
 std::string coordinateOf(const JsonObject& object, std::string_view key) {
   const auto* number = object.find<JsonNumber>(key);
-  return number == nullptr ? textOf(object, key) : platform::numberText(*number);
+  return number == nullptr ? object.text(key) : platform::numberText(*number);
 }
 
 DiscoverResult readJsonReply(std::string_view reply) {
   DiscoverResult result;
   const auto object = platform::parseJsonObject(reply, platform::JsonDepth::members);
   if (!object) return result;
-  result.ip = textOf(*object, "ip");
-  result.countryCode = textOf(*object, "country_code");
-  result.timezone = textOf(*object, "timezone");
+  result.ip = object->text("ip");
+  result.countryCode = object->text("country_code");
+  result.timezone = object->text("timezone");
   result.latitude = coordinateOf(*object, "latitude");
   result.longitude = coordinateOf(*object, "longitude");
   return result;

@@ -7,6 +7,7 @@
 
 #include "platform/system/new_session.h"
 #include "platform/system/system.h"
+#include "platform/text/text.h"
 
 namespace quillon {
 namespace {
@@ -70,7 +71,7 @@ std::vector<std::string> engineArgumentVector(const platform::Path& engineBinary
   std::vector<std::string> arguments{engineBinary.native()};
   const auto append = [&](const auto& more) {
     for (const std::string_view argument : more) {
-      arguments.emplace_back(argument.substr(0, argument.find('\0')));
+      arguments.emplace_back(platform::beforeNul(argument));
     }
   };
   append(originalArgs);

@@ -40,11 +40,11 @@ struct SpawnError {
     const platform::Path& engineBinary, const std::vector<std::string>& originalArgs,
     const SwitchList& overrideSwitches, std::string_view cdpTcpPort);
 
-/// Starts the engine that the argument vector begins with, as the leader of a new session: it
-/// outlives the launcher and is detached from its terminal. As session leader it may gain a
-/// terminal only by opening one, which a browser does not. Every argument is passed on, also one
-/// that the system then refuses. Nobody waits for it. Main thread, once per launch. Nothing on
-/// success.
+/// Starts the engine that the argument vector, which is not empty, begins with, as the leader of a
+/// new session: it outlives the launcher and is detached from its terminal. As session leader it
+/// may gain a terminal only by opening one, which a browser does not. Every argument is passed on,
+/// also one that the system then refuses. Nobody waits for it. Main thread, once per launch.
+/// Nothing on success.
 [[nodiscard]] std::optional<SpawnError> spawnEngine(const std::vector<std::string>& argumentVector);
 
 }  // namespace quillon

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "platform/text/text.h"
+
 namespace quillon {
 
 void appendAll(SwitchList& switches, const SwitchList& more) {
@@ -9,8 +11,9 @@ void appendAll(SwitchList& switches, const SwitchList& more) {
 }
 
 void appendSwitch(SwitchList& switches, std::string_view name, std::string_view value) {
-  if (value.empty()) return;
-  switches.push_back(std::string("--").append(name).append("=").append(value));
+  const std::string_view passed = platform::beforeNul(value);
+  if (passed.empty()) return;
+  switches.push_back(std::string("--").append(name).append("=").append(passed));
 }
 
 std::optional<std::string> deviceMemoryValue(std::uint64_t physicalMemory) {
@@ -53,7 +56,8 @@ SwitchList machineSwitches(const OverlayKeys& overlay, const Machine& machine) {
     appendSwitch(switches, "hardware-concurrency", std::to_string(machine.activeProcessorCount));
   }
   if (!overlay.speechVoicesSet) appendSwitch(switches, "speech-voices-preset", "stock-chrome-mac");
-  switches.push_back(overlay.startPage.empty() ? "chrome://version" : overlay.startPage);
+  const std::string_view startPage = platform::beforeNul(overlay.startPage);
+  switches.emplace_back(startPage.empty() ? "chrome://version" : startPage);
   return switches;
 }
 

@@ -26,7 +26,8 @@ struct Machine {
 /// Adds all of `more` behind the list.
 void appendAll(SwitchList& switches, const SwitchList& more);
 
-/// Adds "--name=value", unless the value is empty. Nothing is quoted or escaped.
+/// Adds "--name=value", unless the value is empty, as it is when it begins with a NUL: a NUL ends
+/// an argument. Nothing is quoted or escaped.
 void appendSwitch(SwitchList& switches, std::string_view name, std::string_view value);
 
 /// The memory class of a machine in GiB, as browsers report it: 1, 2, 4, 8, 16 or 32. Nothing for

@@ -3,6 +3,7 @@
 #include <memory>
 #include <utility>
 
+#include "launcher/exit_status.h"
 #include "launcher/launch_deeds.h"
 #include "launcher/launcher_delegate.h"
 #include "launcher/process_values.h"
@@ -21,7 +22,7 @@ int runWindowed(ProcessValues values) {
   application.setDelegate(*delegate);
   application.setActivationPolicy(platform::ui::ActivationPolicy::accessory);
   application.run();
-  return 0;
+  return static_cast<int>(ExitStatus::success);
 }
 
 }  // namespace

@@ -24,7 +24,7 @@ struct LaunchFacts {
 /// One launch, decided.
 struct LaunchPlan {
   std::optional<std::string> userDataDir;
-  /// Removed from the profile folder, in this order.
+  /// Removed from the profile folder.
   ProfileItems removals;
   /// What the launcher adds to its own arguments, the start page last; without the fixed switches.
   SwitchList overrideSwitches;

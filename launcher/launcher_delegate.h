@@ -43,7 +43,7 @@ class LauncherDelegate final : public platform::ui::ApplicationDelegate,
   /// status 0 when it was cancelled. Once, on the background thread.
   void runLaunchSequence();
 
-  /// Hides the window and carries the launch out, by its end or by the block's. Main thread, once.
+  /// Hides the window and carries out what follows from the outcome. Main thread, once.
   [[noreturn]] void finishLaunch(const DiscoveryOutcome& outcome);
 
   /// Any thread, by way of `onMainThread`.

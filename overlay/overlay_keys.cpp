@@ -10,20 +10,15 @@ using platform::JsonNumber;
 using platform::JsonObject;
 using platform::JsonValue;
 
-std::string stringOrEmpty(const JsonObject& object, std::string_view key) {
-  const auto* text = object.find<std::string>(key);
-  return text == nullptr ? std::string() : *text;
-}
-
 std::string proxyServerIn(const JsonObject& overlay) {
-  std::string proxy = stringOrEmpty(overlay, "proxy-server");
+  std::string proxy = overlay.text("proxy-server");
   const auto* commandLine = overlay.find<JsonObject>("chrome-command-line");
   if (!proxy.empty() || commandLine == nullptr) return proxy;
-  return stringOrEmpty(*commandLine, "--proxy-server");
+  return commandLine->text("--proxy-server");
 }
 
 std::string onProxyFailIn(const JsonObject& overlay) {
-  const std::string policy = stringOrEmpty(overlay, "on-proxy-fail");
+  const std::string policy = overlay.text("on-proxy-fail");
   return policy == "fallback" ? policy : "block";
 }
 
@@ -77,13 +72,13 @@ OverlayKeys overlayKeysFrom(const JsonObject& overlayObject) {
   keys.langSet = isSet("lang");
   keys.acceptLanguageSet = isSet("accept-language");
   keys.timezoneOverrideSet = isSet("timezone-override");
-  keys.startPage = stringOrEmpty(overlayObject, "start-page");
+  keys.startPage = overlayObject.text("start-page");
   keys.closePreviousTabs = isOn("close-previous-tabs") || !keys.startPage.empty();
   keys.granularStorageReset = granularStorageResetIn(overlayObject);
   keys.deviceMemorySet = isSet("device-memory");
   keys.hardwareConcurrencySet = isSet("hardware-concurrency");
   keys.speechVoicesSet = isSet("speech-voices");
-  keys.webglProfile = stringOrEmpty(overlayObject, "webgl-profile");
+  keys.webglProfile = overlayObject.text("webgl-profile");
   keys.cdpTcpPort = cdpTcpPortIn(overlayObject);
   return keys;
 }

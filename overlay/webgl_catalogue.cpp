@@ -1,6 +1,7 @@
 #include "overlay/webgl_catalogue.h"
 
 #include "overlay/json_file.h"
+#include "platform/text/text.h"
 
 namespace quillon {
 namespace {
@@ -42,8 +43,10 @@ std::vector<std::string> switchesOfWebglProfile(const JsonObject& catalogue,
   if (profile == nullptr) return switches;
   for (const auto& [name, value] : profile->members()) {
     const std::string text = switchValueText(value);
-    if (name.starts_with('_') || text.empty()) continue;
-    switches.push_back(std::string("--").append(name).append("=").append(text));
+    // A NUL ends an argument.
+    const std::string_view passed = platform::beforeNul(text);
+    if (name.starts_with('_') || passed.empty()) continue;
+    switches.push_back(std::string("--").append(name).append("=").append(passed));
   }
   return switches;
 }

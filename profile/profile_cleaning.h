@@ -9,7 +9,8 @@
 namespace quillon {
 
 /// Removes the items from the profile, without a backup, whatever stands under their names: a
-/// folder with everything below it, a link as the link it is. The profile folder itself may be a
+/// folder with everything below it, a link as the link it is. Which goes first is left open: large
+/// folders are emptied side by side. The profile folder itself may be a
 /// link; below it none is followed, so a linked "Default" keeps everything. What cannot be removed
 /// stays, and the rest is still removed. Nothing is reported. Nothing happens for an empty
 /// `userDataDir`. Any thread.

@@ -115,7 +115,7 @@ TEST(EgressDiscovery, MessagesQuoteTheHeadOfAReply) {
   EXPECT_EQ("curl exit 0 but response not UTF-8",
             replied("1.1.1.1\n" + std::string(100000, 'x') + "\xFF").message);
   // Cut at the limit, inside a character.
-  EXPECT_EQ(noAddress + "64000000 bytes, head: \"1.1.1.1\n\"",
+  EXPECT_EQ(noAddress + "64000000 bytes, head: \"1.1.1.1\n\uFFFD\"",
             interpretCurlRun({0, 0, "1.1.1.1\n\xC3", 64000000}, 5, direct).message);
 }
 

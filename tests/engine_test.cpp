@@ -23,7 +23,9 @@ TEST(OverrideSwitches, MemoryClasses) {
 TEST(OverrideSwitches, WhatIsUnknownGivesNone) {
   EXPECT_EQ((SwitchList{"--speech-voices-preset=stock-chrome-mac", "chrome://version"}),
             machineSwitches({}, {0, 0}));
-  EXPECT_EQ((SwitchList{"--geo-lat=1"}), personaSwitches({}, {.resolvedGeoLat = "1"}));
+  // A NUL ends an argument, and with nothing before it there is none.
+  EXPECT_EQ((SwitchList{"--geo-lat=1"}),
+            personaSwitches({}, {.resolvedGeoLat = {"1\0x", 3}, .resolvedTZ = {"\0x", 2}}));
 }
 
 TEST(EngineSpawn, DebuggingPairOnlyForAUsablePort) {

@@ -9,6 +9,7 @@
 #include <csignal>
 #include <cstdio>
 #include <string_view>
+#include <utility>
 
 #include "platform/files/descriptor.h"
 #include "platform/files/interrupted_call.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <csignal>
 #include <system_error>
+#include <utility>
 
 #include "platform/files/tree_walk.h"
 #include "platform/system/system.h"

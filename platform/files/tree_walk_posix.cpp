@@ -6,6 +6,7 @@
 #include <iterator>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "platform/files/tree_removal.h"
 #include "platform/files/tree_walk.h"

@@ -11,7 +11,8 @@
 /// No child may slip off, and no process number may be killed that has been reaped and given to
 /// somebody else. So a child is started, put on the leash and reaped only within a `LeashChange`,
 /// which is a lock that a signal handler can take too: an atomic that is waited for. Within it the
-/// ending signals are blocked for the thread, as a handler there would wait for ever.
+/// ending signals are blocked for the thread, as a handler there would wait for ever; and nothing
+/// is allocated, as a handler elsewhere may have interrupted its thread in the midst of that.
 namespace quillon::platform {
 
 /// The signals that end a process from outside in the ordinary way.

@@ -19,18 +19,21 @@ int exitStatusOf(int waitStatus) {
 }
 
 /// Starts the child with the pipes' write ends as its output streams.
-int spawnWithPipes(pid_t& id, const sigset_t& mask, const ChildCommand& command, const Pipe& output,
+int startWithPipes(LeashedChild& child, const ChildCommand& command, const Pipe& output,
                    const Pipe& errors) {
   std::vector<std::string> argumentVector{command.executable.native()};
   argumentVector.insert(argumentVector.end(), command.arguments.begin(), command.arguments.end());
+  const std::vector<char*> pointers = pointersTo(argumentVector);
   SpawnFileActions actions;
   SpawnAttributes attributes;
   if (const int error = actions.duplicate(output.writeEnd, STDOUT_FILENO)) return error;
   if (const int error = actions.duplicate(errors.writeEnd, STDERR_FILENO)) return error;
   if (const int error = keepOnlyStandardStreams(actions, attributes)) return error;
-  if (const int error = attributes.setSignalMask(mask)) return error;
-  return spawn(id, command.executable, actions.get(), attributes, pointersTo(argumentVector).data(),
-               command.environment.entries());
+  return child.start([&](pid_t& id, const sigset_t& mask) {
+    if (const int error = attributes.setSignalMask(mask)) return error;
+    return spawn(id, command.executable, actions.get(), attributes, pointers.data(),
+                 command.environment.entries());
+  });
 }
 
 }  // namespace
@@ -41,10 +44,9 @@ ChildRun runChild(const ChildCommand& command, const ChildLimits& limits) {
   auto errors = Pipe::open();
   if (!output || !errors) return {.startError = errno};
   LeashedChild child;
-  const int error = child.start([&](pid_t& id, const sigset_t& mask) {
-    return spawnWithPipes(id, mask, command, *output, *errors);
-  });
-  if (error != 0) return {.startError = error};
+  if (const int error = startWithPipes(child, command, *output, *errors)) {
+    return {.startError = error};
+  }
   output->writeEnd.reset();
   errors->writeEnd.reset();
   std::array<DrainedStream, 2> streams{

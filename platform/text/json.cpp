@@ -217,6 +217,11 @@ const JsonValue* JsonObject::find(std::string_view key) const {
   return &members_[sought->position].value;
 }
 
+std::string JsonObject::text(std::string_view key) const {
+  const auto* found = find<std::string>(key);
+  return found == nullptr ? std::string() : *found;
+}
+
 std::optional<JsonObject> parseJsonObject(std::string_view text, JsonDepth depth,
                                           JsonFault* fault) {
   JsonFault ignored;

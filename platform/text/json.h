@@ -39,6 +39,9 @@ class JsonObject {
   template <class Kind>
   [[nodiscard]] const Kind* find(std::string_view key) const;
 
+  /// The string at a key; empty when there is none.
+  [[nodiscard]] std::string text(std::string_view key) const;
+
  private:
   struct IndexEntry {
     std::size_t hash;

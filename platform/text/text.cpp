@@ -3,7 +3,6 @@
 #include <utf8proc.h>
 
 #include <array>
-#include <cstdint>
 
 namespace quillon::platform {
 namespace {
@@ -105,13 +104,8 @@ std::string withoutInvalidBytes(std::string_view text) {
   return valid;
 }
 
-std::string_view withoutCutOffEnd(std::string_view text) {
-  constexpr std::size_t longestRest = 3;
-  for (std::size_t cut = 0; cut <= longestRest && cut < text.size(); ++cut) {
-    const std::string_view candidate = text.substr(0, text.size() - cut);
-    if (lastCodePoint(candidate).valid) return candidate;
-  }
-  return text;
+std::string_view beforeNul(std::string_view text) {
+  return text.substr(0, text.find('\0'));
 }
 
 std::size_t characterCount(std::string_view text, std::size_t limit) {

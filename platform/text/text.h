@@ -15,8 +15,8 @@ namespace quillon::platform {
 /// Each byte that is not UTF-8, and each NUL, replaced by U+FFFD.
 [[nodiscard]] std::string withoutInvalidBytes(std::string_view text);
 
-/// Without up to three bytes at the end that belong to no whole code point.
-[[nodiscard]] std::string_view withoutCutOffEnd(std::string_view text);
+/// The text up to its first NUL: what is left of it where C strings are taken.
+[[nodiscard]] std::string_view beforeNul(std::string_view text);
 
 /// The number of characters, counting no further than `limit`.
 [[nodiscard]] std::size_t characterCount(std::string_view text, std::size_t limit);

@@ -54,6 +54,8 @@ bool initializeToolkit() {
   const std::optional<Connection> display = answerOfDisplay();
   if (!display) return false;
   doWithoutMissingSessionBus();
+  // Nothing here is drawn by OpenGL, whose library crashes when the display dies while it looks.
+  ::setenv("GDK_GL", "disable", 1);
   // Numbers and system messages look the same with and without a window.
   gtk_disable_setlocale();
   if (gtk_init_check(nullptr, nullptr) == FALSE) return false;
