@@ -39,10 +39,7 @@ set(CPACK_INSTALL_CMAKE_PROJECTS
   "${PROJECT_BINARY_DIR};${PROJECT_NAME};documents;/")
 
 # Links of the Debian package into the bundle's "Contents".
-set(CPACK_NIMBRA_LINKS nimbra=MacOS/Nimbra)
-if(TARGET nimbra-inspect)
-  list(APPEND CPACK_NIMBRA_LINKS nimbra-inspect=Helpers/nimbra-inspect)
-endif()
+set(CPACK_NIMBRA_LINKS nimbra=MacOS/Nimbra nimbra-inspect=Helpers/nimbra-inspect)
 set(CPACK_NIMBRA_BUNDLE ${PROJECT_BINARY_DIR}/${bundle})
 set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_SOURCE_DIR}/packaging/options.cmake)
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/layout.cmake)
