@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdlib>
@@ -42,6 +43,13 @@ std::string readToEnd(int descriptor) {
 
 }  // namespace
 
+std::vector<std::string> sortedFacts(const Outcome& outcome, char letter) {
+  if (!outcome.engine.contains(letter)) return {"(no engine)"};
+  std::vector<std::string> facts = outcome.engine.at(letter);
+  std::sort(facts.begin(), facts.end());
+  return facts;
+}
+
 TemporaryFolder::TemporaryFolder() {
   std::string pattern = (std::filesystem::temp_directory_path() / "quillon-test.XXXXXX").native();
   path_ = ::mkdtemp(pattern.data());
@@ -71,7 +79,8 @@ Launch::Launch(const std::string& overlay)
     : executable(NIMBRA_EXECUTABLE), engine(STAND_IN_ENGINE) {
   profile.write("command-line.json", overlay);
   arguments = {"--user-data-dir=" + profile.path().native()};
-  environment = {"HOME=" + home.path().native(), "PATH=/usr/bin:/bin"};
+  environment = {"HOME=" + home.path().native(), "CFFIXED_USER_HOME=" + home.path().native(),
+                 "PATH=/usr/bin:/bin"};
   for (const char* name : {"CURL_HOME", "TSAN_OPTIONS"}) {
     const char* value = std::getenv(name);
     if (value != nullptr) environment.push_back(std::string(name) + "=" + value);
@@ -79,6 +88,7 @@ Launch::Launch(const std::string& overlay)
 }
 
 pid_t Launch::start(int output) const {
+  constexpr int mostDescriptors = 1024;
   std::vector<std::string> argumentVector{executable.native()};
   argumentVector.insert(argumentVector.end(), arguments.begin(), arguments.end());
   std::vector<std::string> entries = environment;
@@ -91,7 +101,7 @@ pid_t Launch::start(int output) const {
   ::dup2(::open("/dev/null", O_RDONLY), STDIN_FILENO);
   ::dup2(output, STDOUT_FILENO);
   ::dup2(::open(errorsFile.c_str(), O_CREAT | O_WRONLY | O_TRUNC, 0600), STDERR_FILENO);
-  ::close_range(STDERR_FILENO + 1, ~0U, 0);
+  for (int other = STDERR_FILENO + 1; other < mostDescriptors; ++other) ::close(other);
   prepare();
   ::execve(executable.c_str(), argumentPointers.data(), entryPointers.data());
   ::_exit(127);
@@ -99,7 +109,7 @@ pid_t Launch::start(int output) const {
 
 Outcome Launch::run() const {
   std::array<int, 2> output{};
-  if (::pipe2(output.data(), O_CLOEXEC) != 0) return {};
+  if (::pipe(output.data()) != 0) return {};
   const auto begin = std::chrono::steady_clock::now();
   const pid_t child = start(output[1]);
   ::close(output[1]);

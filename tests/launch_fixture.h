@@ -46,6 +46,9 @@ struct Outcome {
   std::chrono::milliseconds elapsed{};
 };
 
+/// What the engine told under that letter, sorted; "(no engine)" when it told nothing.
+[[nodiscard]] std::vector<std::string> sortedFacts(const Outcome& outcome, char letter);
+
 /// One launch to be made: a profile folder with an overlay, arguments and surroundings.
 class Launch {
  public:

@@ -1,38 +1,16 @@
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sched.h>
-#include <sys/prctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <csignal>
 
-#include "discovery/egress_discovery.h"
-#include "engine/override_switches.h"
 #include "launch_table.h"
-#include "platform/system/child_run.h"
 
 /// The built executable without a window.
 namespace quillon::tests {
 namespace {
 
 using Texts = std::vector<std::string>;
-
-/// The signals of a set in the text of a /proc/PID/status; without the two that the C library keeps
-/// to itself and changes in every child it spawns.
-std::uint64_t signalsIn(const std::string& status, const std::string& name) {
-  constexpr std::uint64_t ofTheLibrary = 0x180000000;
-  const std::size_t start = status.find("\n" + name + ":\t") + name.size() + 3;
-  return std::stoull(status.substr(start), nullptr, 16) & ~ofTheLibrary;
-}
-
-Texts sortedFacts(const Outcome& outcome, char letter) {
-  if (!outcome.engine.contains(letter)) return {"(no engine)"};
-  Texts facts = outcome.engine.at(letter);
-  std::sort(facts.begin(), facts.end());
-  return facts;
-}
 
 TEST(PassthroughLaunch, ComesToWhatItsRowSays) {
   for (const char* name :
@@ -42,48 +20,6 @@ TEST(PassthroughLaunch, ComesToWhatItsRowSays) {
     launch.executable = launch.home.path() / "nimbra";
     std::filesystem::create_symlink(NIMBRA_EXECUTABLE, launch.executable);
     launch.expect(launch.run(), true);
-  }
-}
-
-TEST(PassthroughLaunch, EngineInheritsWhatTheLauncherWasGiven) {
-  Launch launch;
-  launch.environment.insert(launch.environment.begin(),
-                            {"no equals sign", "EMPTY=", "TWICE=1", "TWICE=2", "BYTES=\xFF\n"});
-  launch.prepare = [] {
-    ::close(STDIN_FILENO);
-    ::dup2(STDOUT_FILENO, 7);
-    sigset_t blocked;
-    ::sigemptyset(&blocked);
-    ::sigaddset(&blocked, SIGUSR2);
-    ::sigprocmask(SIG_SETMASK, &blocked, nullptr);
-  };
-  const auto before = std::signal(SIGPIPE, SIG_IGN);
-  const std::uint64_t ignored = signalsIn(contentOf("/proc/self/status"), "SigIgn");
-  const Outcome outcome = launch.run();
-  std::signal(SIGPIPE, before);
-  ASSERT_TRUE(outcome.engine.contains('E'));
-  launch.environment.push_back("QUILLON_ENGINE_BIN=" + launch.engine);
-  EXPECT_EQ(launch.environment, outcome.engine.at('E'));
-  EXPECT_EQ((Texts{"1", "2", "7"}), sortedFacts(outcome, 'F'));
-  EXPECT_EQ(1U << (SIGUSR2 - 1), signalsIn(outcome.engine.at('L')[0], "SigBlk"));
-  EXPECT_EQ(ignored, signalsIn(outcome.engine.at('L')[0], "SigIgn"));
-  EXPECT_TRUE(outcome.engine.contains('S')) << "the engine leads a session of its own";
-}
-
-TEST(PassthroughLaunch, TellsTheMachineThatItRunsOn) {
-  Launch launch;
-  launch.prepare = [] {
-    cpu_set_t one;
-    CPU_ZERO(&one);
-    CPU_SET(static_cast<std::size_t>(::sched_getcpu()), &one);
-    ::sched_setaffinity(0, sizeof(one), &one);
-  };
-  const std::string text = contentOf("/proc/meminfo");
-  const auto kibibytes = std::stoull(text.substr(text.find("MemTotal:") + 9));
-  const Texts arguments = sortedFacts(launch.run(), 'A');
-  for (const std::string& expected : {"--device-memory=" + *deviceMemoryValue(kibibytes << 10),
-                                      std::string("--hardware-concurrency=1")}) {
-    EXPECT_EQ(1, std::count(arguments.begin(), arguments.end(), expected)) << expected;
   }
 }
 
@@ -162,43 +98,6 @@ TEST(FatalReport, WebglValueTooLongIsPassedOnAndRefused) {
   launch.home.write("quillon-webgl-profiles.json",
                     R"({"profiles":{"p":{"s":")" + std::string(200000, 'x') + "\"}}}");
   launch.expect(launch.run(), true);
-}
-
-TEST(ChromiumLaunch, RunningBrowserHasOurSwitchesAndAnswersOnLoopback) {
-  const Path chromium = "/usr/lib/chromium/chromium";
-  if (!std::filesystem::exists(chromium)) GTEST_SKIP() << "Debian's chromium is not installed";
-  const LaunchRow row{.overlay = R"("device-memory":1,"hardware-concurrency":1,"speech-voices":1,
-                    "start-page":"about:blank","cdp-tcp-port":"19222")",
-                      .switches = {"about:blank"},
-                      .port = "19222"};
-  TableLaunch launch(row, "");
-  launch.engine = chromium;
-  launch.arguments = {"--user-data-dir=" + launch.profile.path().native(),
-                      "--headless",
-                      "--no-sandbox",
-                      "--disable-gpu",
-                      "--disable-quic",
-                      "--no-first-run",
-                      "--disable-background-networking",
-                      "--disable-component-update",
-                      "--disable-sync"};
-  launch.prepare = [] { ::dup2(::open("/dev/null", O_WRONLY), STDOUT_FILENO); };
-  ::prctl(PR_SET_CHILD_SUBREAPER, 1);
-  ASSERT_EQ(0, launch.run().status);
-  const std::string own = std::to_string(::getpid());
-  const std::string browser = contentOf("/proc/" + own + "/task/" + own + "/children");
-  const auto version =
-      platform::runChild({curlExecutable,
-                          {"--silent", "--fail", "--retry", "30", "--retry-delay", "1",
-                           "--retry-connrefused", "http://127.0.0.1:19222/json/version"}},
-                         {std::chrono::seconds(40), 10000, 10000});
-  EXPECT_EQ(0, version.exitStatus);
-  EXPECT_NE(std::string::npos, version.output.find("webSocketDebuggerUrl")) << version.output;
-  const std::string started = contentOf("/proc/" + std::to_string(std::stoi(browser)) + "/cmdline");
-  ::kill(-std::stoi(browser), SIGKILL);
-  std::string expected;
-  for (const std::string& argument : launch.commandLine()) expected += argument + '\0';
-  EXPECT_EQ(expected, started);
 }
 
 }  // namespace
