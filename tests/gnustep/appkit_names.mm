@@ -98,6 +98,10 @@
   (void)flag;
 }
 
+- (void)setPreventsApplicationTerminationWhenModal:(BOOL)flag {
+  (void)flag;
+}
+
 @end
 
 @interface NSAlert (QuillonShimPrivate)

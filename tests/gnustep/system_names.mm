@@ -5,7 +5,7 @@
 
 namespace {
 
-bool displayIsLost = false;
+char serverPort = 0;
 void (*invalidationCallBack)(CFMachPortRef, void*) = nullptr;
 
 }  // namespace
@@ -37,8 +37,6 @@ dispatch_queue_t dispatch_get_main_queue() {
 }
 
 void dispatch_async_f(dispatch_queue_t, void* context, void (*work)(void*)) {
-  // No run loop goes on without a display.
-  if (displayIsLost) work(context);
   NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
   NSArray* const modes =
       [NSArray arrayWithObjects:NSDefaultRunLoopMode, NSModalPanelRunLoopMode, nil];
@@ -67,13 +65,12 @@ void CFRelease(const void* session) {
 }
 
 CFMachPortRef CGWindowServerCreateServerPort() {
-  return reinterpret_cast<CFMachPortRef>(&displayIsLost);
+  return reinterpret_cast<CFMachPortRef>(&serverPort);
 }
 
 void CFMachPortSetInvalidationCallBack(CFMachPortRef, void (*callBack)(CFMachPortRef, void*)) {
   invalidationCallBack = callBack;
   ::XSetIOErrorHandler([](Display*) {
-    displayIsLost = true;
     invalidationCallBack(nullptr, nullptr);
     return 0;
   });

@@ -49,9 +49,19 @@ void finishLaunching() {
   runPostedTasks(nullptr);
 }
 
+/// The arguments are a browser's, not documents to be opened, and nothing may stretch the pauses of
+/// a launch whose window is covered.
+void setManners() {
+  NSDictionary* const manners =
+      [NSDictionary dictionaryWithObjectsAndKeys:@"NO", @"NSTreatUnknownArgumentsAsOpen", @"YES",
+                                                 @"NSAppSleepDisabled", nil];
+  [[NSUserDefaults standardUserDefaults] registerDefaults:manners];
+}
+
 bool connect(void (*runPostedTasks)()) {
   if (!hasWindowServer()) return false;
   const AutoreleasePool pool;
+  setManners();
   screen().runPostedTasks = runPostedTasks;
   screen().delegate.reset([[QuillonApplicationDelegate alloc]
       initWithDidFinishLaunching:finishLaunching

@@ -33,6 +33,9 @@ Owned<NSAlert> buildAlert(const Alert& alert) {
       setInformativeText:toolkitText(firstParagraphs(alert.informativeText), longestInformation)];
   [built.get() setAlertStyle:NSAlertStyleCritical];
   [built.get() addButtonWithTitle:toolkitText(alert.buttonTitle)];
+  // Else the system could not quit the application, nor end its session, as long as the alert is
+  // up.
+  [[built.get() window] setPreventsApplicationTerminationWhenModal:NO];
   const Owned<QuillonEscapeKey> escape([[QuillonEscapeKey alloc] initWithFrame:NSZeroRect]);
   [[[built.get() window] contentView] addSubview:escape.get()];
   return built;

@@ -49,6 +49,8 @@ class ScreenWindow {
   Owned<QuillonWindowDelegate> delegate_;
   Owned<NSWindow> screenWindow_;
   std::vector<Mirrored> mirrored_;
+  /// The toolkit counts the windows of a hidden application as invisible; ours is still to be seen.
+  bool isShown_ = false;
 };
 
 }  // namespace quillon::platform::ui

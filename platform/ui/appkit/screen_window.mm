@@ -38,7 +38,9 @@ constexpr double greatestHeight = 8000;
 
 /// A window that is higher than the screen shows its upper part.
 void keepTopOnScreen(NSWindow* window) {
-  NSScreen* const screen = [NSScreen mainScreen];
+  // The main one is the one with the focus.
+  NSScreen* const own = [window screen];
+  NSScreen* const screen = own != nil ? own : [NSScreen mainScreen];
   if (screen == nil) return;
   const NSRect room = [screen visibleFrame];
   const NSRect frame = [window frame];
@@ -114,11 +116,12 @@ void ScreenWindow::mirror() {
 
 void ScreenWindow::show() {
   mirror();
+  isShown_ = true;
   [screenWindow_.get() makeKeyAndOrderFront:nil];
 }
 
 void ScreenWindow::update() {
-  if ([screenWindow_.get() isVisible]) mirror();
+  if (isShown_) mirror();
 }
 
 void ScreenWindow::hide() {
@@ -129,12 +132,12 @@ void ScreenWindow::hide() {
                                                      dequeue:YES]) {
     [NSApp sendEvent:event];
   }
+  isShown_ = false;
   [screenWindow_.get() orderOut:nil];
 }
 
 void ScreenWindow::closedFromOutside() {
-  const bool isShown = [screenWindow_.get() isVisible];
-  if (isShown && window_.delegate != nullptr) window_.delegate->windowWillClose();
+  if (isShown_ && window_.delegate != nullptr) window_.delegate->windowWillClose();
 }
 
 }  // namespace quillon::platform::ui

@@ -1,16 +1,41 @@
 #include "platform/ui/appkit/window_server.h"
 
 #import <CoreGraphics/CoreGraphics.h>
-#import <dispatch/dispatch.h>
+#import <Foundation/Foundation.h>
+
+#include "platform/ui/appkit/owners.h"
 
 namespace quillon::platform::ui {
 namespace {
 
 void (*lostWindowServerHandler)() = nullptr;
 
+}  // namespace
+}  // namespace quillon::platform::ui
+
+/// Leads to the main thread even while an alert runs there within a task of the main queue, which
+/// takes up no other one meanwhile.
+@interface QuillonServerLoss : NSObject
++ (void)handle;
+@end
+
+@implementation QuillonServerLoss
+
++ (void)handle {
+  quillon::platform::ui::lostWindowServerHandler();
+}
+
+@end
+
+namespace quillon::platform::ui {
+namespace {
+
 /// On whatever thread watches the port.
 void portIsInvalid(CFMachPortRef, void*) {
-  dispatch_async_f(dispatch_get_main_queue(), nullptr, [](void*) { lostWindowServerHandler(); });
+  const AutoreleasePool pool;
+  [[QuillonServerLoss class] performSelectorOnMainThread:@selector(handle)
+                                              withObject:nil
+                                           waitUntilDone:YES];
 }
 
 }  // namespace

@@ -30,4 +30,5 @@ constexpr NSEventMask NSEventMaskAny = NSAnyEventMask;
 
 @interface NSWindow (QuillonShim)
 - (void)setRestorable:(BOOL)flag;
+- (void)setPreventsApplicationTerminationWhenModal:(BOOL)flag;
 @end
