@@ -11,9 +11,8 @@ void appendAll(SwitchList& switches, const SwitchList& more) {
 }
 
 void appendSwitch(SwitchList& switches, std::string_view name, std::string_view value) {
-  const std::string_view passed = platform::beforeNul(value);
-  if (passed.empty()) return;
-  switches.push_back(std::string("--").append(name).append("=").append(passed));
+  if (platform::beforeNul(value).empty()) return;
+  switches.push_back(std::string("--").append(name).append("=").append(value));
 }
 
 std::optional<std::string> deviceMemoryValue(std::uint64_t physicalMemory) {
@@ -56,8 +55,8 @@ SwitchList machineSwitches(const OverlayKeys& overlay, const Machine& machine) {
     appendSwitch(switches, "hardware-concurrency", std::to_string(machine.activeProcessorCount));
   }
   if (!overlay.speechVoicesSet) appendSwitch(switches, "speech-voices-preset", "stock-chrome-mac");
-  const std::string_view startPage = platform::beforeNul(overlay.startPage);
-  switches.emplace_back(startPage.empty() ? "chrome://version" : startPage);
+  const bool hasStartPage = !platform::beforeNul(overlay.startPage).empty();
+  switches.push_back(hasStartPage ? overlay.startPage : "chrome://version");
   return switches;
 }
 

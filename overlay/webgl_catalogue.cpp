@@ -43,10 +43,9 @@ std::vector<std::string> switchesOfWebglProfile(const JsonObject& catalogue,
   if (profile == nullptr) return switches;
   for (const auto& [name, value] : profile->members()) {
     const std::string text = switchValueText(value);
-    // A NUL ends an argument.
-    const std::string_view passed = platform::beforeNul(text);
-    if (name.starts_with('_') || passed.empty()) continue;
-    switches.push_back(std::string("--").append(name).append("=").append(passed));
+    // A NUL will end the argument.
+    if (name.starts_with('_') || platform::beforeNul(text).empty()) continue;
+    switches.push_back(std::string("--").append(name).append("=").append(text));
   }
   return switches;
 }

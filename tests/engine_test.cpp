@@ -23,8 +23,8 @@ TEST(OverrideSwitches, MemoryClasses) {
 TEST(OverrideSwitches, WhatIsUnknownGivesNone) {
   EXPECT_EQ((SwitchList{"--speech-voices-preset=stock-chrome-mac", "chrome://version"}),
             machineSwitches({}, {0, 0}));
-  // A NUL ends an argument, and with nothing before it there is none.
-  EXPECT_EQ((SwitchList{"--geo-lat=1"}),
+  // A NUL will end the argument, and with nothing before it there is none.
+  EXPECT_EQ((SwitchList{{"--geo-lat=1\0x", 13}}),
             personaSwitches({}, {.resolvedGeoLat = {"1\0x", 3}, .resolvedTZ = {"\0x", 2}}));
 }
 

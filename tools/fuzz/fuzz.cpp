@@ -33,8 +33,7 @@ void require(bool holds) {
 void checkSwitches(const OverlayKeys& keys) {
   const SwitchList switches = machineSwitches(keys, {std::uint64_t{16} << 30, 8});
   require(!switches.empty());
-  require(switches.back() == platform::beforeNul(keys.startPage) ||
-          switches.back() == "chrome://version");
+  require(switches.back() == keys.startPage || switches.back() == "chrome://version");
   const SwitchList debugging = debuggingSwitches(keys.cdpTcpPort, {});
   require(debugging.empty() || debugging.size() == 2);
   require(debuggingSwitches(keys.cdpTcpPort, {"--remote-debugging-port=1"}).empty());
