@@ -24,7 +24,6 @@ void reportFatalLaunchFailure(const std::string& message) {
   platform::writeToStandardError("[quillon-launcher] " + message + "\n");
   ui::Application& application = ui::Application::shared();
   application.setActivationPolicy(ui::ActivationPolicy::accessory);
-  application.activateIgnoringOtherApps();
   application.runModal(fatalAlert(message));
   leave(ExitStatus::fatalFailure);
 }

@@ -32,7 +32,8 @@ class Application {
   void activateIgnoringOtherApps() const { backend_.activate(); }
   /// Tells the delegate that the launch has finished, then handles events.
   void run();
-  /// Shows the alert and blocks until the user has dismissed it; at once when headless.
+  /// Shows the alert in front of all applications and blocks until the user has dismissed it; at
+  /// once when headless.
   void runModal(const Alert& alert) const { backend_.runModal(alert); }
 
   [[nodiscard]] const Backend& backend() const { return backend_; }

@@ -46,6 +46,7 @@ Owned<NSAlert> buildAlert(const Alert& alert) {
 void runAlert(const Alert& alert) {
   const AutoreleasePool pool;
   const Owned<NSAlert> built = buildAlert(alert);
+  [NSApp activateIgnoringOtherApps:YES];
   [built.get() runModal];
 }
 
