@@ -50,7 +50,7 @@ SpawnError SpawnError::engineMissing(platform::Path engine) {
 }
 
 std::string SpawnError::description() const {
-  if (kind == Case::engineMissing) return "engine binary not found at " + engine.native();
+  if (kind == Case::engineMissing) return "engine binary not found at " + engine.text();
   return "posix_spawn failed (errno " + std::to_string(errorNumber) + "): " + errorText;
 }
 
@@ -68,7 +68,7 @@ std::vector<std::string> engineArgumentVector(const platform::Path& engineBinary
                                               const std::vector<std::string>& originalArgs,
                                               const SwitchList& overrideSwitches,
                                               std::string_view cdpTcpPort) {
-  std::vector<std::string> arguments{engineBinary.native()};
+  std::vector<std::string> arguments{engineBinary.text()};
   const auto append = [&](const auto& more) {
     for (const std::string_view argument : more) {
       arguments.emplace_back(platform::beforeNul(argument));

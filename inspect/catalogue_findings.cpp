@@ -49,11 +49,11 @@ Findings catalogueFindings(const LaunchPreview& preview) {
   if (preview.values.request.overlay.webglProfile.empty()) return {};
   const Surroundings& around = preview.surroundings;
   if (!around.catalogueURL) {
-    const std::string folder = preview.values.bundle.resources.native();
+    const std::string folder = preview.values.bundle.resources.text();
     return {finding(preview, Level::error, "there is no catalogue in " + folder,
                     "Put quillon-webgl-profiles.json there.")};
   }
-  const std::string file = around.catalogueURL->native();
+  const std::string file = around.catalogueURL->text();
   const auto& catalogue = around.catalogue.object;
   const JsonObject* profiles = catalogue ? findWebglProfiles(*catalogue) : nullptr;
   if (profiles != nullptr) return unusableProfile(preview, file, *profiles);

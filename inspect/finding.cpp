@@ -15,7 +15,7 @@ Findings findWith(std::span<const Check> checks, const LaunchPreview& preview) {
 }
 
 std::string inOverlay(const LaunchPreview& preview, const std::string& key) {
-  return '"' + key + "\" in " + preview.values.overlayURL.native();
+  return '"' + key + "\" in " + preview.values.overlayURL.text();
 }
 
 }  // namespace quillon

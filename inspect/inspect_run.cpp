@@ -48,9 +48,9 @@ int inspect(const InspectOptions& options) {
 
 platform::Path launcherOf(const platform::Path& inspector) {
   constexpr const char* name = "Nimbra";
-  const platform::Path folder = inspector.parent_path();
-  const platform::Path contents = folder.parent_path();
-  const bool isInBundle = folder.filename() == "Helpers" && contents.filename() == "Contents";
+  const platform::Path folder = inspector.folder();
+  const platform::Path contents = folder.folder();
+  const bool isInBundle = folder.name() == "Helpers" && contents.name() == "Contents";
   return isInBundle ? contents / "MacOS" / name : folder / name;
 }
 

@@ -40,7 +40,7 @@ JsonText jsonOverlay(const LaunchPreview& preview) {
   constexpr std::array<const char*, 4> states{"read", "missing", "unreadable", "malformed"};
   const JsonFile& file = preview.surroundings.overlay;
   return jsonObject({
-      {"path", jsonString(absolutePath(preview.values.overlayURL).native())},
+      {"path", jsonString(platform::absolutePath(preview.values.overlayURL).text())},
       {"state", states.at(static_cast<std::size_t>(file.state))},
       {"line", jsonPlace(file.fault.line)},
       {"column", jsonPlace(file.fault.column)},
@@ -88,7 +88,7 @@ ReportValue jsonDiscovery(const LaunchPreview& preview) {
 std::string jsonPage(const LaunchPreview& preview, const Findings& findings) {
   const LaunchRequest& request = preview.values.request;
   std::vector<std::string> removes;
-  for (const platform::Path& path : preview.removes) removes.push_back(path.native());
+  for (const platform::Path& path : preview.removes) removes.push_back(path.text());
   const auto status = preview.exitStatus();
   return writeJsonObject({
       {"schema", 1},

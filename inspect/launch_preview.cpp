@@ -1,7 +1,6 @@
 #include "inspect/launch_preview.h"
 
 #include <algorithm>
-#include <system_error>
 #include <utility>
 
 #include "discovery/endpoints.h"
@@ -44,17 +43,11 @@ LaunchPlan planOf(const LaunchPreview& preview) {
 
 std::vector<platform::Path> removedBy(const LaunchPlan& plan) {
   auto found = findInProfile(plan.userDataDir.value_or(""), plan.removals);
-  std::transform(found.begin(), found.end(), found.begin(), absolutePath);
+  std::transform(found.begin(), found.end(), found.begin(), platform::absolutePath);
   return found;
 }
 
 }  // namespace
-
-platform::Path absolutePath(const platform::Path& path) {
-  std::error_code error;
-  platform::Path whole = std::filesystem::absolute(path, error);
-  return error ? path : whole;
-}
 
 EngineStart LaunchPreview::engineStart() const {
   const std::vector<std::string>& arguments = plan.engineArguments;
@@ -89,7 +82,7 @@ std::optional<std::vector<std::string>> LaunchPreview::curl() const {
 
 LaunchPreview previewLaunch(const platform::Path& launcher,
                             const std::vector<std::string>& arguments, bool discover) {
-  std::vector<std::string> argumentVector{launcher.native()};
+  std::vector<std::string> argumentVector{launcher.text()};
   argumentVector.insert(argumentVector.end(), arguments.begin(), arguments.end());
   LaunchPreview preview;
   preview.values = fixProcessValues(argumentVector, launcher);

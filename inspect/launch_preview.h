@@ -41,9 +41,6 @@ struct LaunchPreview {
   [[nodiscard]] std::optional<std::vector<std::string>> curl() const;
 };
 
-/// The path from the root; as it is when there is no current folder.
-[[nodiscard]] platform::Path absolutePath(const platform::Path& path);
-
 /// Makes the plan of a launch with these arguments (without the program path) by the launcher at
 /// `launcher`. Changes nothing. Starts no process but curl, and that only for `discover`; blocks
 /// while it runs. Main thread.

@@ -27,7 +27,7 @@ std::string faultText(const JsonFault& fault) {
 }
 
 Findings unusableFile(const LaunchPreview& preview) {
-  const std::string file = preview.values.overlayURL.native();
+  const std::string file = preview.values.overlayURL.text();
   switch (preview.surroundings.overlay.state) {
     case JsonFile::State::read:
       return {};

@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 #include <cstring>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -30,8 +31,8 @@ bool isInUse(const std::optional<std::string>& userDataDir) {
   if (!userDataDir || userDataDir->empty()) return false;
   std::error_code error;
   const platform::Path lock = platform::Path(*userDataDir) / "SingletonLock";
-  const std::string holder = std::filesystem::read_symlink(lock, error).native();
-  if (error) return std::filesystem::exists(std::filesystem::symlink_status(lock, error));
+  const std::string holder = std::filesystem::read_symlink(lock.text(), error).native();
+  if (error) return std::filesystem::exists(std::filesystem::symlink_status(lock.text(), error));
   const std::size_t dash = holder.rfind('-');
   if (dash == std::string::npos || holder.substr(0, dash) != platform::hostName()) return true;
   std::int64_t process = 0;

@@ -15,7 +15,7 @@ using ProfileFolder = Surroundings::ProfileFolder;
 
 Findings missingEngine(const LaunchPreview& preview) {
   if (preview.surroundings.engineIsExecutable) return {};
-  const std::string engine = preview.values.request.engineBinary.native();
+  const std::string engine = preview.values.request.engineBinary.text();
   return {{Level::error, "",
            "The engine " + engine +
                " is missing or not executable: the launch ends with status 1. Install it, or name "
@@ -73,7 +73,7 @@ Findings curlConfiguration(const LaunchPreview& preview) {
   const auto& file = preview.surroundings.curlConfiguration;
   if (!preview.curl() || !file) return {};
   return {{Level::note, "",
-           "curl reads " + file->native() +
+           "curl reads " + file->text() +
                " at every discovery: what stands there may lead it another way than through the "
                "proxy. Take it out if discovery gives what it should not."}};
 }

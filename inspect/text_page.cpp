@@ -48,7 +48,7 @@ void addPlaces(Rows& rows, const LaunchPreview& preview) {
   const auto& userDataDir = preview.values.request.userDataDir;
   rows.push_back({"Profile", "", userDataDir.value_or("(none named)"), ""});
   rows.push_back({"Overlay", "",
-                  preview.values.overlayURL.native() +
+                  preview.values.overlayURL.text() +
                       states.at(static_cast<std::size_t>(preview.surroundings.overlay.state)),
                   ""});
 }
@@ -125,7 +125,7 @@ void addRemovals(Rows& rows, const LaunchPreview& preview) {
   for (const platform::Path& path : preview.removes) {
     const platform::TreeSize size = platform::treeSizeOf(path);
     rows.push_back({"Removes", "",
-                    path.native() + "  (" + (size.isWhole ? "" : "at least ") +
+                    path.text() + "  (" + (size.isWhole ? "" : "at least ") +
                         counted(size.files, "file") + ", " + counted(size.bytes, "byte") + ")",
                     ""});
   }

@@ -8,7 +8,7 @@ namespace quillon {
 
 std::string fatalMessage(const SpawnError& error) {
   if (error.kind == SpawnError::Case::engineMissing) {
-    return "Engine binary not found:\n" + error.engine.native();
+    return "Engine binary not found:\n" + error.engine.text();
   }
   return "Engine spawn failed: " + error.description();
 }

@@ -25,8 +25,7 @@ std::string switchValueText(const JsonValue& value) {
 
 std::optional<platform::Path> webglCatalogueURL(const CataloguePlaces& places) {
   if (auto resource = places.bundle.findResource(catalogueFileName)) return resource;
-  platform::Path besideProgram =
-      platform::Path(places.programPath).parent_path() / catalogueFileName;
+  platform::Path besideProgram = platform::Path(places.programPath).folder() / catalogueFileName;
   if (!platform::exists(besideProgram)) return std::nullopt;
   return besideProgram;
 }

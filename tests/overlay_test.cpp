@@ -27,7 +27,7 @@ TEST(OverlayFile, ProfileFolderIsTheFirstExactSwitch) {
 TEST(OverlayFile, ExactlyOneFileIsChosen) {
   const TemporaryFolder profile;
   const std::string folder = profile.path().native();
-  EXPECT_EQ("Quillon", overlayFileURL(folder).parent_path().filename());
+  EXPECT_EQ("Quillon", overlayFileURL(folder).folder().name());
   EXPECT_EQ(overlayFileURL(std::nullopt), overlayFileURL(folder));
   profile.write("command-line.json/inside", "a folder of that name");
   EXPECT_EQ(profile.path() / "command-line.json", overlayFileURL(folder));

@@ -138,6 +138,26 @@ TEST(Files, ClosedStandardStreamsGetPlaceholdersThatCloseOnExec) {
   }
 }
 
+TEST(Files, PathsAreTakenApartAndJoined) {
+  struct Row {
+    const char* path;
+    const char* folder;
+    const char* name;
+    const char* joined;
+  };
+  for (const auto& [path, folder, name, joined] :
+       std::vector<Row>{{"", "", "", "x"},
+                        {"a", "", "a", "a/x"},
+                        {"/", "/", "", "/x"},
+                        {"//a", "/", "a", "//a/x"},
+                        {"/a//b", "/a", "b", "/a//b/x"},
+                        {"/a/b/", "/a/b", "", "/a/b/x"}}) {
+    EXPECT_EQ(folder, Path(path).folder()) << path;
+    EXPECT_EQ(name, Path(path).name()) << path;
+    EXPECT_EQ(joined, (Path(path) / "x").text()) << path;
+  }
+}
+
 TEST(Files, ReadsRegularFilesOnly) {
   const TemporaryFolder folder;
   folder.write("file", std::string("a\0b", 3));
@@ -145,8 +165,8 @@ TEST(Files, ReadsRegularFilesOnly) {
   ASSERT_EQ(0, ::mkfifo((folder.path() / "pipe").c_str(), 0600));
   EXPECT_EQ(std::string("a\0b", 3), readFile(folder.path() / "file"));
   EXPECT_EQ("", readFile(folder.path() / "empty"));
-  for (const Path& path : {folder.path(), folder.path() / "pipe", folder.path() / "missing",
-                           Path("/dev/zero"), Path()}) {
+  for (const tests::Path& path : {folder.path(), folder.path() / "pipe", folder.path() / "missing",
+                                  tests::Path("/dev/zero"), tests::Path()}) {
     EXPECT_FALSE(readFile(path)) << path;
   }
 }

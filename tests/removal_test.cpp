@@ -66,11 +66,12 @@ class TreeRemoval : public testing::Test {
   /// 1,700 files with links to "outside", a deep branch and two locked folders.
   static void plant(const TemporaryFolder& folder) {
     folder.write("outside/kept", "x");
-    Path deep = "tree/deep";
+    tests::Path deep = "tree/deep";
     for (int level = 0; level < 300; ++level) deep /= "d";
     folder.write(deep / "file", "x");
     for (int i = 0; i < 1700; ++i) {
-      const Path leaf = Path("tree") / std::to_string(i % 10) / std::to_string(i % 100);
+      const tests::Path leaf =
+          tests::Path("tree") / std::to_string(i % 10) / std::to_string(i % 100);
       folder.write(leaf / std::to_string(i), "x");
       if (i < 100) fs::create_symlink(folder.path() / "outside", folder.path() / leaf / "link");
     }
@@ -136,8 +137,8 @@ TEST_F(TreeRemoval, LeavesOnlyWhatIsLocked) {
 TEST_F(TreeRemoval, StaysInsideWhileFoldersMove) {
   const TemporaryFolder folder;
   for (const char* name : {"x", "y"}) {
-    folder.write(Path("tree") / name / "sub" / name, "x");
-    folder.write(Path("outside") / name / "sub/kept", "x");
+    folder.write(tests::Path("tree") / name / "sub" / name, "x");
+    folder.write(tests::Path("outside") / name / "sub/kept", "x");
   }
   folder.write("other/first", "x");
   folder.write("other/sub/file", "x");

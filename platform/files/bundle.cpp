@@ -9,10 +9,10 @@ std::optional<Path> Bundle::findResource(std::string_view fileName) const {
 }
 
 Bundle bundleOf(const Path& executable) {
-  const Path folder = executable.parent_path();
-  const Path contents = folder.parent_path();
-  if (folder.filename() != "MacOS" || contents.filename() != "Contents") return {folder, folder};
-  return {contents.parent_path(), contents / "Resources"};
+  const Path folder = executable.folder();
+  const Path contents = folder.folder();
+  if (folder.name() != "MacOS" || contents.name() != "Contents") return {folder, folder};
+  return {contents.folder(), contents / "Resources"};
 }
 
 }  // namespace quillon::platform

@@ -3,7 +3,6 @@
 
 #include <array>
 #include <climits>
-#include <system_error>
 
 #include "platform/files/bundle.h"
 
@@ -13,8 +12,7 @@ namespace {
 /// The path that the kernel was told to execute: all there is where /proc is not mounted.
 Path executedPath() {
   const auto* const path = reinterpret_cast<const char*>(::getauxval(AT_EXECFN));
-  std::error_code unknown;
-  return path == nullptr ? Path() : std::filesystem::canonical(path, unknown);
+  return path == nullptr ? Path() : resolvedPath(path);
 }
 
 }  // namespace
@@ -23,7 +21,7 @@ Path executableLocation() {
   std::array<char, PATH_MAX> target{};
   const ssize_t length = ::readlink("/proc/self/exe", target.data(), target.size());
   if (length <= 0 || static_cast<std::size_t>(length) == target.size()) return executedPath();
-  return {target.data(), target.data() + length};
+  return std::string_view(target.data(), static_cast<std::size_t>(length));
 }
 
 }  // namespace quillon::platform

@@ -1,8 +1,6 @@
 #include <mach-o/dyld.h>
 
 #include <climits>
-#include <cstdlib>
-#include <memory>
 #include <string>
 
 #include "platform/files/bundle.h"
@@ -22,9 +20,7 @@ std::string startPath() {
 }  // namespace
 
 Path executableLocation() {
-  using CString = std::unique_ptr<char, decltype([](char* text) { std::free(text); })>;
-  const CString resolved(::realpath(startPath().c_str(), nullptr));
-  return resolved ? Path(resolved.get()) : Path();
+  return resolvedPath(startPath());
 }
 
 }  // namespace quillon::platform

@@ -26,7 +26,7 @@ struct UnfinishedFile {
 
 UniqueFd createFile(const Path& path) {
   return UniqueFd(retryInterrupted([&] {
-    return ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, ownersFileMode);
+    return ::open(path.cText(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, ownersFileMode);
   }));
 }
 
@@ -36,10 +36,10 @@ UnfinishedFile createBeside(const Path& path) {
   const auto now = std::chrono::system_clock::now().time_since_epoch().count();
   UnfinishedFile file;
   for (int i = 0; i < attempts && !file.descriptor.isOpen(); ++i) {
-    file.path = path.native() + ".tmp." + std::to_string(now + i);
+    file.path = path.text() + ".tmp." + std::to_string(now + i);
     file.descriptor = createFile(file.path);
     if (file.descriptor.isOpen() || errno == EEXIST) continue;
-    if (errno != ENOENT || !createFolders(path.parent_path())) break;
+    if (errno != ENOENT || !createFolders(path.folder())) break;
   }
   return file;
 }
@@ -65,8 +65,8 @@ bool writeAndClose(UniqueFd descriptor, std::string_view bytes) {
 
 /// A folder makes room; anything else is replaced in one step.
 bool moveOver(const Path& from, const Path& to) {
-  if (::rename(from.c_str(), to.c_str()) == 0) return true;
-  return errno == EISDIR && removeItem(to) && ::rename(from.c_str(), to.c_str()) == 0;
+  if (::rename(from.cText(), to.cText()) == 0) return true;
+  return errno == EISDIR && removeItem(to) && ::rename(from.cText(), to.cText()) == 0;
 }
 
 }  // namespace
@@ -77,7 +77,7 @@ bool replaceFile(const Path& path, const std::function<std::string()>& makeBytes
   if (writeAndClose(std::move(file.descriptor), makeBytes()) && moveOver(file.path, path)) {
     return true;
   }
-  (void)::unlink(file.path.c_str());
+  (void)::unlink(file.path.cText());
   return false;
 }
 

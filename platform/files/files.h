@@ -1,18 +1,16 @@
 #pragma once
 
-#include <filesystem>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "platform/files/descriptor.h"
+#include "platform/files/path.h"
 
 /// Files and folders. Failures are the return value; nothing but want of memory is thrown.
 /// Relative paths count from the current folder. No shared state: any thread.
 namespace quillon::platform {
-
-using Path = std::filesystem::path;
 
 /// What stands at the end of the path, links followed; a folder counts like a file.
 [[nodiscard]] bool exists(const Path& path);

@@ -14,12 +14,12 @@ namespace quillon::platform {
 namespace {
 
 UniqueFd openFile(const Path& path, int flags) {
-  return UniqueFd(retryInterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC); }));
+  return UniqueFd(retryInterrupted([&] { return ::open(path.cText(), flags | O_CLOEXEC); }));
 }
 
 std::optional<struct stat> statusOf(const Path& path) {
   struct stat status {};
-  if (::stat(path.c_str(), &status) != 0) return std::nullopt;
+  if (::stat(path.cText(), &status) != 0) return std::nullopt;
   return status;
 }
 
@@ -54,12 +54,12 @@ bool isFolder(const Path& path) {
 }
 
 bool isWritableFolder(const Path& folder) {
-  return isFolder(folder) && ::access(folder.c_str(), W_OK | X_OK) == 0;
+  return isFolder(folder) && ::access(folder.cText(), W_OK | X_OK) == 0;
 }
 
 bool isExecutableFile(const Path& path) {
   const auto status = statusOf(path);
-  return status && S_ISREG(status->st_mode) && ::access(path.c_str(), X_OK) == 0;
+  return status && S_ISREG(status->st_mode) && ::access(path.cText(), X_OK) == 0;
 }
 
 std::optional<std::string> readFile(const Path& path) {
@@ -79,22 +79,21 @@ std::optional<std::string> readFile(const Path& path) {
 
 bool createFolders(const Path& folder) {
   if (folder.empty() || isFolder(folder)) return true;
-  if (!createFolders(folder.parent_path())) return false;
+  if (!createFolders(folder.folder())) return false;
   // The umask may have taken away what its owner needs.
-  if (::mkdir(folder.c_str(), ownersFolderMode) == 0) ::chmod(folder.c_str(), ownersFolderMode);
+  if (::mkdir(folder.cText(), ownersFolderMode) == 0) ::chmod(folder.cText(), ownersFolderMode);
   return isFolder(folder);
 }
 
 bool removeItem(const Path& path) {
-  const Unlinked outcome = unlinkFile(AT_FDCWD, path.c_str());
+  const Unlinked outcome = unlinkFile(AT_FDCWD, path.cText());
   if (outcome != Unlinked::isFolder) return outcome == Unlinked::gone;
-  const Path parent = path.has_parent_path() ? path.parent_path() : Path(".");
-  const auto folder = Folder::open(parent, Folder::LastLink::follow);
+  const Path parent = path.folder();
+  const auto folder = Folder::open(parent.empty() ? "." : parent, Folder::LastLink::follow);
   if (!folder) return false;
-  const Path name = path.filename();
-  folder->removeItems(std::array<std::string_view, 1>{name.native()});
+  folder->removeItems(std::array<std::string_view, 1>{path.name()});
   struct stat status {};
-  return ::lstat(path.c_str(), &status) != 0 && errno == ENOENT;
+  return ::lstat(path.cText(), &status) != 0 && errno == ENOENT;
 }
 
 std::optional<Folder> Folder::open(const Path& path, LastLink lastLink) {

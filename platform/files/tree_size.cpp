@@ -1,5 +1,6 @@
 #include "platform/files/tree_size.h"
 
+#include <filesystem>
 #include <system_error>
 
 namespace quillon::platform {
@@ -24,12 +25,12 @@ void count(TreeSize& size, const std::filesystem::directory_entry& entry) {
 TreeSize treeSizeOf(const Path& path) {
   TreeSize size;
   std::error_code error;
-  const std::filesystem::directory_entry top(path, error);
+  const std::filesystem::directory_entry top(path.text(), error);
   if (!top.is_directory(error) || top.is_symlink(error)) {
     count(size, top);
     return size;
   }
-  std::filesystem::recursive_directory_iterator entry(path, error);
+  std::filesystem::recursive_directory_iterator entry(path.text(), error);
   for (; !error && entry != std::filesystem::recursive_directory_iterator();
        entry.increment(error)) {
     count(size, *entry);

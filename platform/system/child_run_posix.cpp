@@ -21,7 +21,7 @@ int exitStatusOf(int waitStatus) {
 /// Starts the child with the pipes' write ends as its output streams.
 int startWithPipes(LeashedChild& child, const ChildCommand& command, const Pipe& output,
                    const Pipe& errors) {
-  std::vector<std::string> argumentVector{command.executable.native()};
+  std::vector<std::string> argumentVector{command.executable.text()};
   argumentVector.insert(argumentVector.end(), command.arguments.begin(), command.arguments.end());
   const std::vector<char*> pointers = pointersTo(argumentVector);
   SpawnFileActions actions;

@@ -11,7 +11,7 @@ int keepOnlyStandardStreams(SpawnFileActions& actions, SpawnAttributes&) {
 int spawn(pid_t& id, const Path& executable, const posix_spawn_file_actions_t* actions,
           const SpawnAttributes& attributes, char* const* argumentVector,
           char* const* environment) {
-  return ::posix_spawn(&id, executable.c_str(), actions, attributes.get(), argumentVector,
+  return ::posix_spawn(&id, executable.cText(), actions, attributes.get(), argumentVector,
                        environment);
 }
 

@@ -24,7 +24,7 @@ int spawn(pid_t& id, const Path& executable, const posix_spawn_file_actions_t* a
   // The engine inherits every descriptor that does not close on exec, so none of ours may be on the
   // way there.
   const std::lock_guard lock(unmarkedPipes());
-  return ::posix_spawn(&id, executable.c_str(), actions, attributes.get(), argumentVector,
+  return ::posix_spawn(&id, executable.cText(), actions, attributes.get(), argumentVector,
                        environment);
 }
 

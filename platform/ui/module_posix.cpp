@@ -18,7 +18,7 @@ Path modulePath() {
 }  // namespace
 
 const Backend* loadBackendModule() {
-  void* const module = ::dlopen(modulePath().c_str(), RTLD_NOW | RTLD_LOCAL);
+  void* const module = ::dlopen(modulePath().cText(), RTLD_NOW | RTLD_LOCAL);
   if (module == nullptr) return nullptr;
   auto* const entryPoint = reinterpret_cast<BackendEntryPoint*>(::dlsym(module, backendEntryPoint));
   return entryPoint == nullptr ? nullptr : entryPoint(buildIdentity);
