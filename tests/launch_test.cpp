@@ -16,9 +16,20 @@ TEST(PassthroughLaunch, ComesToWhatItsRowSays) {
   for (const char* name :
        {"passthrough", "engine missing", "engine that is no program", "start page too long"}) {
     TableLaunch launch(rowOf(name), "socks5://h:1");
-    // By a link from elsewhere, as a package has one in /usr/bin: bundle and catalogue are found.
-    launch.executable = launch.home.path() / "nimbra";
-    std::filesystem::create_symlink(NIMBRA_EXECUTABLE, launch.executable);
+    launch.expect(launch.run(), true);
+  }
+}
+
+TEST(PassthroughLaunch, FindsItsBundleByWhateverWayItIsStarted) {
+  const Path executable = NIMBRA_EXECUTABLE;
+  const Path folder = executable.parent_path();
+  for (const Path& way : {Path("link"), "folder" / executable.filename(),
+                          folder / "../MacOS" / executable.filename()}) {
+    SCOPED_TRACE(way);
+    TableLaunch launch(rowOf("passthrough"), "socks5://h:1");
+    std::filesystem::create_symlink(executable, launch.home.path() / "link");
+    std::filesystem::create_directory_symlink(folder, launch.home.path() / "folder");
+    launch.executable = launch.home.path() / way;
     launch.expect(launch.run(), true);
   }
 }
@@ -38,7 +49,9 @@ TEST(PassthroughLaunch, WithoutAProfileTheUsersOwnFolderCounts) {
     Launch launch;
     const std::string folder = launch.home.path();
     const std::string ids = std::to_string(::getuid()) + ":" + std::to_string(::getgid());
-    launch.home.write("passwd", "user:x:" + ids + "::" + folder + ":/bin/sh\n");
+    launch.home.write(
+        "passwd",
+        std::string("user:x:").append(ids).append("::").append(folder).append(":/bin/sh\n"));
     launch.home.write("group", "user:x:0:\n");
     launch.arguments = arguments;
     if (!home.empty()) {

@@ -1,27 +1,53 @@
+#include <fcntl.h>
+#include <linux/openat2.h>
 #include <sys/auxv.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <array>
 #include <climits>
 
 #include "platform/files/bundle.h"
+#include "platform/files/descriptor.h"
 
 namespace quillon::platform {
 namespace {
 
-/// The path that the kernel was told to execute: all there is where /proc is not mounted.
+/// The path that the kernel was told to execute.
 Path executedPath() {
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the kernel hands addresses over as numbers.
   const auto* const path = reinterpret_cast<const char*>(::getauxval(AT_EXECFN));
-  return path == nullptr ? Path() : resolvedPath(path);
+  return path == nullptr ? Path() : Path(path);
+}
+
+/// Whether the path leads from the root to a file without a link or a dot to follow; openat2(2).
+bool isResolved(const Path& path) {
+  if (!path.text().starts_with('/') || path.text().find("/.") != std::string::npos) return false;
+  struct open_how straight {};
+  straight.flags = O_PATH | O_CLOEXEC;
+  straight.resolve = RESOLVE_NO_SYMLINKS;
+  const long descriptor =
+      ::syscall(SYS_openat2, AT_FDCWD, path.cText(), &straight, sizeof(straight));
+  return UniqueFd(static_cast<int>(descriptor)).isOpen();
+}
+
+/// What the system says about this process, where it shows its processes.
+Path shownExecutable() {
+  std::array<char, PATH_MAX> target{};
+  const ssize_t length = ::readlink("/proc/self/exe", target.data(), target.size());
+  if (length <= 0 || static_cast<std::size_t>(length) == target.size()) return {};
+  return std::string_view(target.data(), static_cast<std::size_t>(length));
 }
 
 }  // namespace
 
+// The first to ask about a process pays for everything that the system shows of it: more than for
+// any other call of a launch. So that is asked only when the path at hand might not be the file's.
 Path executableLocation() {
-  std::array<char, PATH_MAX> target{};
-  const ssize_t length = ::readlink("/proc/self/exe", target.data(), target.size());
-  if (length <= 0 || static_cast<std::size_t>(length) == target.size()) return executedPath();
-  return std::string_view(target.data(), static_cast<std::size_t>(length));
+  Path executed = executedPath();
+  if (isResolved(executed)) return executed;
+  Path shown = shownExecutable();
+  return shown.empty() ? resolvedPath(executed) : shown;
 }
 
 }  // namespace quillon::platform

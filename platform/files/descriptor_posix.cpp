@@ -3,6 +3,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "platform/files/standard_streams.h"
+
 namespace quillon::platform {
 
 void UniqueFd::reset() {
@@ -10,11 +12,9 @@ void UniqueFd::reset() {
 }
 
 void occupyClosedStandardStreams() {
-  // Not by poll, which on a Mac takes a terminal or another device for a closed descriptor.
-  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-    if (::fcntl(stream, F_GETFD) != -1) continue;
+  for (const bool closed : closedStandardStreams()) {
     // The lowest free number is the closed stream's own: those below it are open by now. Kept.
-    (void)::open("/dev/null", O_RDWR | O_CLOEXEC);
+    if (closed) (void)::open("/dev/null", O_RDWR | O_CLOEXEC);
   }
 }
 

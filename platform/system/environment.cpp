@@ -13,7 +13,10 @@ bool isNamed(const char* entry, std::string_view name) {
 }  // namespace
 
 Environment::Environment(char* const* entries) {
-  while (entries != nullptr && *entries != nullptr) entries_.push_back(*entries++);
+  std::size_t count = 0;
+  while (entries != nullptr && entries[count] != nullptr) ++count;
+  entries_.reserve(count + 1);
+  entries_.assign(entries, entries + count);
   entries_.push_back(nullptr);
 }
 

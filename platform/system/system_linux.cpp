@@ -1,4 +1,5 @@
 #include <sched.h>
+#include <sys/sysinfo.h>
 #include <unistd.h>
 
 #include <cstring>
@@ -10,10 +11,9 @@
 namespace quillon::platform {
 
 std::uint64_t physicalMemory() {
-  const long pages = ::sysconf(_SC_PHYS_PAGES);
-  const long pageBytes = ::sysconf(_SC_PAGESIZE);
-  if (pages <= 0 || pageBytes <= 0) return 0;
-  return static_cast<std::uint64_t>(pages) * static_cast<std::uint64_t>(pageBytes);
+  struct sysinfo machine {};
+  if (::sysinfo(&machine) != 0) return 0;
+  return std::uint64_t{machine.totalram} * machine.mem_unit;
 }
 
 int activeProcessorCount() {
