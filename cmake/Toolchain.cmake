@@ -4,6 +4,9 @@ if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
   set(CMAKE_BUILD_TYPE Release CACHE STRING "Build type" FORCE)
 endif()
 
+# A launch runs most of its code once: what it waits for is that code being mapped, page by page.
+string(REPLACE "-O3" "-Os" CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}")
+
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -27,8 +30,10 @@ elseif(APPLE)
 else()
   # Loading and relocating a shared C++ runtime takes longer than the rest of a launch. Sanitizers
   # need the shared one. What nobody calls is left out; the runtime refers to two functions of the
-  # mathematics library, which would else be one more library to load.
+  # mathematics library, which would else be one more library to load. Sorted by name, our functions
+  # lie together, apart from those of the runtime that a launch never gets to.
   add_compile_options(-ffunction-sections -fdata-sections)
-  add_link_options(-static-libstdc++ -static-libgcc -Wl,--gc-sections -Wl,--as-needed)
+  add_link_options(-static-libstdc++ -static-libgcc -Wl,--gc-sections -Wl,--as-needed
+    -Wl,--sort-section=name)
   set(CMAKE_CXX_STANDARD_LIBRARIES "-Wl,-Bstatic -lstdc++ -l:libm.a -Wl,-Bdynamic")
 endif()
