@@ -1,6 +1,5 @@
 #import <AppKit/AppKit.h>
 #import <QuartzCore/QuartzCore.h>
-#include <objc/runtime.h>
 
 @implementation NSApplication (QuillonShim)
 
@@ -110,11 +109,8 @@
 
 @implementation NSAlert (QuillonShim)
 
-/// There from the beginning.
-- (id)window {
-  Ivar const panel = class_getInstanceVariable([NSAlert class], "_window");
-  if (object_getIvar(self, panel) == nil) [self _setupPanel];
-  return object_getIvar(self, panel);
+- (void)layout {
+  [self _setupPanel];
 }
 
 - (NSInteger)runModal {

@@ -33,6 +33,8 @@ Owned<NSAlert> buildAlert(const Alert& alert) {
       setInformativeText:toolkitText(firstParagraphs(alert.informativeText), longestInformation)];
   [built.get() setAlertStyle:NSAlertStyleCritical];
   [built.get() addButtonWithTitle:toolkitText(alert.buttonTitle)];
+  // Else it is laid out when it is shown, whatever has been added by then.
+  [built.get() layout];
   // Else the system could not quit the application, nor end its session, as long as the alert is
   // up.
   [[built.get() window] setPreventsApplicationTerminationWhenModal:NO];

@@ -8,6 +8,10 @@ constexpr NSEventMask NSEventMaskAny = NSAnyEventMask;
 
 @class CALayer;
 
+@interface NSAlert (QuillonShim)
+- (void)layout;
+@end
+
 @interface NSApplication (QuillonShim)
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)policy;
 @end
