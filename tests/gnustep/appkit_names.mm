@@ -79,6 +79,14 @@
 
 @end
 
+@implementation CATransaction
+
+/// What a window shows goes to the display server with the next event that is asked for.
++ (void)flush {
+}
+
+@end
+
 @implementation NSView (QuillonShim)
 
 - (void)setWantsLayer:(BOOL)flag {
@@ -92,6 +100,10 @@
 @end
 
 @implementation NSWindow (QuillonShim)
+
+- (void)setAnimationBehavior:(NSWindowAnimationBehavior)behavior {
+  (void)behavior;
+}
 
 - (void)setRestorable:(BOOL)flag {
   (void)flag;

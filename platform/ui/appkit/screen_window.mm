@@ -133,7 +133,11 @@ void ScreenWindow::hide() {
     [NSApp sendEvent:event];
   }
   isShown_ = false;
+  // At once, without an animation. What is pending would go to the window server with the event
+  // loop's next turn, and there may be none.
+  [screenWindow_.get() setAnimationBehavior:NSWindowAnimationBehaviorNone];
   [screenWindow_.get() orderOut:nil];
+  [CATransaction flush];
 }
 
 void ScreenWindow::closedFromOutside() {

@@ -5,6 +5,7 @@
 
 constexpr NSAlertStyle NSAlertStyleCritical = NSCriticalAlertStyle;
 constexpr NSEventMask NSEventMaskAny = NSAnyEventMask;
+enum NSWindowAnimationBehavior : NSInteger { NSWindowAnimationBehaviorNone = 2 };
 
 @class CALayer;
 
@@ -33,6 +34,7 @@ constexpr NSEventMask NSEventMaskAny = NSAnyEventMask;
 @end
 
 @interface NSWindow (QuillonShim)
+- (void)setAnimationBehavior:(NSWindowAnimationBehavior)behavior;
 - (void)setRestorable:(BOOL)flag;
 - (void)setPreventsApplicationTerminationWhenModal:(BOOL)flag;
 @end

@@ -7,3 +7,7 @@
 }
 - (void)setBackgroundColor:(CGColorRef)color;
 @end
+
+@interface CATransaction : NSObject
++ (void)flush;
+@end
