@@ -1,18 +1,32 @@
 #include "platform/ui/application.h"
 
+#include <cstdlib>
+
 #include "platform/dispatch/dispatch.h"
 #include "platform/system/signal_dispositions.h"
+#include "platform/system/system.h"
 #include "platform/ui/display.h"
 #include "platform/ui/module.h"
 
 namespace quillon::platform::ui {
 namespace {
 
+/// Global, as the screen may be lost even while the application is being made.
+constinit bool hasFailed = false;
+
+/// Who cuts the connection to the screen, or has the application quit, has closed its window, be it
+/// shown yet or not, or the alert of a process that has failed.
+void leaveFromOutside() {
+  endProcess(hasFailed ? EXIT_FAILURE : EXIT_SUCCESS);
+}
+
 const Backend& chooseBackend() {
   if (!mayHaveDisplay()) return headlessBackend();
   keepSignalDispositions();
   const Backend* module = loadBackendModule();
-  if (module == nullptr || !module->connect(&runPostedTasks)) return headlessBackend();
+  const ApplicationCalls calls{.runPostedTasks = platform::runPostedTasks,
+                               .leaveFromOutside = leaveFromOutside};
+  if (module == nullptr || !module->connect(calls)) return headlessBackend();
   setWakeUp(module->wake);
   return *module;
 }
@@ -30,6 +44,11 @@ void Application::run() {
     if (delegate_ != nullptr) delegate_->applicationDidFinishLaunching();
   });
   backend_.run();
+}
+
+void Application::runModal(const Alert& alert) const {
+  hasFailed = true;
+  backend_.runModal(alert);
 }
 
 void Window::makeKeyAndOrderFront() {

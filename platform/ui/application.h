@@ -33,8 +33,9 @@ class Application {
   /// Tells the delegate that the launch has finished, then handles events.
   void run();
   /// Shows the alert in front of all applications and blocks until the user has dismissed it; at
-  /// once when headless.
-  void runModal(const Alert& alert) const { backend_.runModal(alert); }
+  /// once when headless. From now on the process ends with status 1 when its screen is lost or it
+  /// is to quit; before, with 0, as when the user closes its window.
+  void runModal(const Alert& alert) const;
 
   [[nodiscard]] const Backend& backend() const { return backend_; }
 

@@ -10,10 +10,18 @@ namespace quillon::platform::ui {
 /// How an application shows in the system: an accessory has no place in a task bar or dock.
 enum class ActivationPolicy { regular, accessory };
 
+/// What a backend calls in the application. Main thread only.
+struct ApplicationCalls {
+  /// By the event loop, after each `wake`.
+  void (*runPostedTasks)() = nullptr;
+  /// When the screen is lost, or the user or the system wants the application to quit. Ends the
+  /// process: it does not return.
+  void (*leaveFromOutside)() = nullptr;
+};
+
 struct Backend {
-  /// Connects with the screen; false when there is none that works. `runPostedTasks` is what the
-  /// event loop calls, on the main thread, after each `wake`.
-  bool (*connect)(void (*runPostedTasks)());
+  /// Connects with the screen; false when there is none that works.
+  bool (*connect)(const ApplicationCalls& calls);
   void (*setActivationPolicy)(ActivationPolicy policy);
   /// The event loop; returns when there is nothing left to wait for.
   void (*run)();

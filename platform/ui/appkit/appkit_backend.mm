@@ -1,8 +1,5 @@
 #import <AppKit/AppKit.h>
 #import <dispatch/dispatch.h>
-#include <unistd.h>
-
-#include <cstdlib>
 #include <string_view>
 
 #include "build_identity.h"
@@ -18,7 +15,7 @@ namespace quillon::platform::ui {
 namespace {
 
 struct Screen {
-  void (*runPostedTasks)() = nullptr;
+  ApplicationCalls calls;
   bool hasFinishedLaunching = false;
   Owned<QuillonApplicationDelegate> delegate;
   ShownWindows<ScreenWindow> windows;
@@ -30,18 +27,11 @@ Screen& screen() {
   return theScreen;
 }
 
-/// Who makes the application quit, or ends its screen, has closed what is shown. For an alert, the
-/// process has failed anyway.
-void leaveFromOutside() {
-  screen().windows.each(&ScreenWindow::closedFromOutside);
-  ::_exit(EXIT_FAILURE);
-}
-
 /// Nothing runs before the application has finished launching.
 void runPostedTasks(void*) {
   if (!screen().hasFinishedLaunching) return;
   const AutoreleasePool pool;
-  screen().runPostedTasks();
+  screen().calls.runPostedTasks();
 }
 
 void finishLaunching() {
@@ -58,16 +48,16 @@ void setManners() {
   [[NSUserDefaults standardUserDefaults] registerDefaults:manners];
 }
 
-bool connect(void (*runPostedTasks)()) {
+bool connect(const ApplicationCalls& calls) {
   if (!hasWindowServer()) return false;
   const AutoreleasePool pool;
   setManners();
-  screen().runPostedTasks = runPostedTasks;
+  screen().calls = calls;
   screen().delegate.reset([[QuillonApplicationDelegate alloc]
       initWithDidFinishLaunching:finishLaunching
-                 shouldTerminate:leaveFromOutside]);
+                 shouldTerminate:calls.leaveFromOutside]);
   [[NSApplication sharedApplication] setDelegate:screen().delegate.get()];
-  setLostWindowServerHandler(leaveFromOutside);
+  setLostWindowServerHandler(calls.leaveFromOutside);
   return true;
 }
 

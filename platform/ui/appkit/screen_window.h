@@ -28,8 +28,6 @@ class ScreenWindow {
   /// Handles the events that have come in, the closing of the window among them, then takes the
   /// window off the screen.
   void hide();
-  /// Tells the window's delegate that the window has been closed; nothing while hidden.
-  void closedFromOutside();
 
  private:
   /// A label on the screen and what it shows.

@@ -140,8 +140,4 @@ void ScreenWindow::hide() {
   [CATransaction flush];
 }
 
-void ScreenWindow::closedFromOutside() {
-  if (isShown_ && window_.delegate != nullptr) window_.delegate->windowWillClose();
-}
-
 }  // namespace quillon::platform::ui

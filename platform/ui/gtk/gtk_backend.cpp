@@ -1,5 +1,3 @@
-#include <unistd.h>
-
 #include <cstdlib>
 #include <optional>
 #include <string_view>
@@ -20,7 +18,7 @@ namespace quillon::platform::ui {
 namespace {
 
 struct Screen {
-  void (*runPostedTasks)() = nullptr;
+  ApplicationCalls calls;
   ActivationPolicy policy = ActivationPolicy::regular;
   ShownWindows<ScreenWindow> windows;
 };
@@ -42,11 +40,19 @@ void silenceToolkit() {
   g_set_printerr_handler([](const char*) {});
 }
 
-/// The font library complains of its configuration when the first font is loaded.
+/// The font library complains of its configuration when the first font is loaded. Only the first
+/// line asks the display.
 void loadFirstFont() {
   const OwnedObject<PangoContext> context(gdk_pango_context_get());
   const OwnedFont description(pango_font_description_new());
   const OwnedObject<PangoFont> loaded(pango_context_load_font(context.get(), description.get()));
+}
+
+/// Owns nothing at the moments at which the display is asked.
+bool connectToolkit() {
+  if (gtk_init_check(nullptr, nullptr) == FALSE) return false;
+  loadFirstFont();
+  return true;
 }
 
 bool initializeToolkit() {
@@ -58,28 +64,19 @@ bool initializeToolkit() {
   ::setenv("GDK_GL", "disable", 1);
   // Numbers and system messages look the same with and without a window.
   gtk_disable_setlocale();
-  if (gtk_init_check(nullptr, nullptr) == FALSE) return false;
-  loadFirstFont();
-  return true;
+  return connectWithDisplay(connectToolkit, screen().calls.leaveFromOutside);
 }
 
-/// Who cuts the connection has closed what is shown. For an alert, the process has failed anyway.
-void leaveWithoutDisplay() {
-  screen().windows.each(&ScreenWindow::closedFromOutside);
-  ::_exit(EXIT_FAILURE);
-}
-
-bool connect(void (*runPostedTasks)()) {
+bool connect(const ApplicationCalls& calls) {
   silenceToolkit();
-  screen().runPostedTasks = runPostedTasks;
+  screen().calls = calls;
   if (!initializeToolkit()) return false;
   setApplicationIcon();
-  setLostDisplayHandler(leaveWithoutDisplay);
   return true;
 }
 
 gboolean runPostedTasksOnce(void*) {
-  screen().runPostedTasks();
+  screen().calls.runPostedTasks();
   return G_SOURCE_REMOVE;
 }
 

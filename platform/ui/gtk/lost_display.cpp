@@ -4,20 +4,34 @@
 #include <gdk/gdkx.h>
 #include <wayland-client-core.h>
 
+#include <csetjmp>
+
 namespace quillon::platform::ui {
 namespace {
 
 void (*lostDisplayHandler)() = nullptr;
 
+/// Where a lost display leads as long as the toolkit connects with it.
+std::jmp_buf beforeConnecting;
+
 }  // namespace
 
-void setLostDisplayHandler(void (*handle)()) {
+bool connectWithDisplay(bool (*connect)(), void (*handle)()) {
+  // With its first display the toolkit sets a handler of its own, which ends the process: make it
+  // do so before.
+  g_type_class_ref(GDK_TYPE_X11_DISPLAY);
+  // An exception could not pass through the libraries in between, which are in C.
+  // NOLINTBEGIN(cert-err52-cpp)
+  if (setjmp(beforeConnecting) != 0) return false;
+  XSetIOErrorHandler([](Display*) -> int { std::longjmp(beforeConnecting, 1); });
+  // NOLINTEND(cert-err52-cpp)
+  const bool isConnected = connect();
   lostDisplayHandler = handle;
-  if (!GDK_IS_X11_DISPLAY(gdk_display_get_default())) return;
   XSetIOErrorHandler([](Display*) {
     lostDisplayHandler();
     return 0;
   });
+  return isConnected;
 }
 
 void noticeLostDisplay() {

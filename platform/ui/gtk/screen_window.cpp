@@ -132,11 +132,6 @@ void ScreenWindow::hide() {
   gdk_display_sync(gtk_widget_get_display(topLevel_.get()));
 }
 
-void ScreenWindow::closedFromOutside() {
-  const bool isShown = gtk_widget_get_visible(topLevel_.get());
-  if (isShown && window_.delegate != nullptr) window_.delegate->windowWillClose();
-}
-
 void ScreenWindow::raise() {
   if (gtk_widget_get_visible(topLevel_.get())) gtk_window_present(GTK_WINDOW(topLevel_.get()));
 }

@@ -24,8 +24,6 @@ class ScreenWindow {
   /// Handles the events that have come in, the closing of the window among them, and returns once
   /// the window is off the screen.
   void hide();
-  /// Tells the window's delegate that the window has been closed; nothing while hidden.
-  void closedFromOutside();
   /// In front of other windows; nothing while hidden.
   void raise();
 

@@ -12,7 +12,7 @@ namespace {
 }
 
 constexpr Backend backend{
-    .connect = [](void (*)()) { return true; },
+    .connect = [](const ApplicationCalls&) { return true; },
     .setActivationPolicy = [](ActivationPolicy) {},
     .run = runLoop,
     .wake = [] {},  // The loop waits for the queue itself.
