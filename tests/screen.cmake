@@ -1,6 +1,7 @@
 # The same tests once for each module there is.
 add_executable(screen_test screen_test.cpp)
-target_link_libraries(screen_test PRIVATE launch_fixture GTest::gtest_main ${CMAKE_DL_LIBS})
+target_link_libraries(screen_test PRIVATE
+  launch_fixture quillon_platform GTest::gtest_main ${CMAKE_DL_LIBS})
 set(appkit_contents ${PROJECT_BINARY_DIR}/appkit/Nimbra.app/Contents)
 target_compile_definitions(screen_test PRIVATE
   UI_MODULE="$<TARGET_FILE:quillon_ui>"
