@@ -2,6 +2,7 @@
 
 #include "discovery/country_languages.h"
 #include "discovery/egress_discovery.h"
+#include "discovery/endpoints.h"
 #include "discovery/persona.h"
 #include "launch_fixture.h"
 #include "platform/system/spawn_parts.h"
@@ -119,11 +120,23 @@ TEST(EgressDiscovery, MessagesQuoteTheHeadOfAReply) {
             interpretCurlRun({0, 0, "1.1.1.1\n\xC3", 64000000}, 5, direct).message);
 }
 
+TEST(Endpoints, ReservedHostsAndLabels) {
+  const auto names = {"example",     "A.Invalid",   "test",
+                      "example.com", "example.net", "a.example.org"};
+  for (const char* host : names) EXPECT_TRUE(isReservedHost(host)) << host;
+  for (const char* host : {"example.de", "noexample", "test.a", ""}) {
+    EXPECT_FALSE(isReservedHost(host)) << host;
+  }
+  EXPECT_EQ("b", providerLabel("b.c"));
+  EXPECT_EQ("c", providerLabel("c"));
+}
+
 TEST(CountryLanguages, TableIsWholeAndLookupIgnoresCase) {
   for (const CountryLang& row : countryLangTable) {
     const std::string primary(row.primary);
     EXPECT_EQ(row.cc, primary.substr(3));
     EXPECT_TRUE(row.accept.starts_with(primary + "," + primary.substr(0, 2) + ";q=0.9")) << row.cc;
+    EXPECT_NE('.', row.accept.back()) << row.cc;
     EXPECT_EQ((LanguagePair{row.primary, row.accept}), lookupCountryLang(row.cc));
   }
   EXPECT_EQ((LanguagePair{"fr-BE", "fr-BE,fr;q=0.9,nl;q=0.8,en;q=0.7"}), lookupCountryLang("bE"));

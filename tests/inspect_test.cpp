@@ -1,4 +1,6 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
@@ -23,6 +25,7 @@ Json inspect(Launch& launch, const Texts& command) {
   launch.arguments.assign(command.begin() + 1, command.end());
   launch.arguments.insert(launch.arguments.end(), arguments.begin(), arguments.end());
   const Outcome outcome = launch.run();
+  EXPECT_GE(1, outcome.status);
   launch.executable = executable;
   launch.arguments = arguments;
   const auto page = outcome.engine.find('{');
@@ -98,7 +101,8 @@ TEST(Inspect, FindsWhatALaunchPassesOverInSilence) {
       {R"({"geo-accuracy":1,"_lang":0,"device-memory":8,"webgl-profile":"mac-intel-iris"})", ""},
       {"{\n\"lang\": x}", "error "},
       {R"({"Auto_Geo":1,"proxy-sever":"x"})", "warning Auto_Geo,warning proxy-sever"},
-      {R"({"auto-geo":"yes","start-page":null})", "error auto-geo,note start-page"},
+      {R"({"auto-geo":"yes","webrtc-no-leak":"on","auto-lang":"y","auto-timezone":"0x","start-page":null})",
+       "error webrtc-no-leak,error auto-geo,error auto-lang,error auto-timezone,note start-page"},
       {R"({"lang":1,"lang":2,"cdp-tcp-port":"x"})", "warning lang,warning cdp-tcp-port"},
       {R"({"cdp-tcp-port":1})", "warning cdp-tcp-port", "--remote-debugging-port=2"},
       {R"({"auto-timezone":1})", "error proxy-server,warning "},
@@ -136,6 +140,11 @@ TEST(Inspect, ChangesNothingAndTakesAnyBytes) {
   const std::regex harmless(R"(.*(O_RDONLY[A-Z_|]*[,)]|read|stat|access|exit|getcwd).*\n)");
   const std::string others = std::regex_replace(contentOf(trace), harmless, "");
   EXPECT_EQ(1, std::count(others.begin(), others.end(), '\n')) << "beside its start\n" << others;
+
+  launch.executable = INSPECT_EXECUTABLE;
+  launch.arguments = {"--"};
+  launch.prepare = [] { ::dup2(::open("/dev/full", O_WRONLY), STDOUT_FILENO); };
+  EXPECT_EQ(2, launch.run().status) << "what cannot be printed does not count as said";
 }
 
 }  // namespace

@@ -40,9 +40,14 @@ TEST(Process, ChildGetsThreeStreamsAndTheStartsEnvironmentAndMask) {
   (void)platform::startEnvironment();
   ::setenv("QUILLON_LATE", "x", 1);
   const platform::UniqueFd inherited(::dup(STDIN_FILENO));
+  sigset_t blocked{};
+  sigset_t before;
+  ::sigaddset(&blocked, SIGUSR1);
+  ::pthread_sigmask(SIG_SETMASK, &blocked, &before);
   EXPECT_EQ(
-      "[] 0 1 2 3 SigBlk: 0000000000000000\n",
+      "[] 0 1 2 3 SigBlk: 0000000000000200\n",
       runShell("echo [$QUILLON_LATE] $(ls /dev/fd/) $(grep SigBlk /proc/self/status)").output);
+  ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
 TEST(Process, IgnoredSignalsStayIgnoredAndTheStatusSurvivesThat) {

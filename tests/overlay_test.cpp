@@ -136,6 +136,9 @@ TEST(WebglCatalogue, ResourceComesBeforeTheProgramsFolder) {
   EXPECT_EQ((Texts{"--place=program"}), webglProfileSwitches("p", places));
   folder.write("Resources/" + name, "malformed");
   EXPECT_TRUE(webglProfileSwitches("p", places).empty()) << "the first place that has one counts";
+  for (const platform::Path own : {"/a/MacOS", "/a/Contents/bin"}) {
+    EXPECT_EQ(own, platform::bundleOf(own / "x").resources) << "no bundle";
+  }
 }
 
 }  // namespace

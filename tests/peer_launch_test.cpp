@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -104,6 +105,9 @@ TEST(PeerLaunch, ComesToWhatItsRowSays) {
   Running(first, openProxy, 500).expectEnd();
   Running(second, passwordProxy, 500).expectEnd();
   for (Running* running : {&warned, &unreachable, &refused, &unfit}) running->expectEnd();
+  rusage used{};
+  ::getrusage(RUSAGE_CHILDREN, &used);
+  EXPECT_LT(used.ru_utime.tv_sec, 2) << "to wait takes no processor time";
   const std::string log = contentOf(environmentValue("QUILLON_PROXY_LOG"));
   EXPECT_NE(std::string::npos, log.find("connected to localhost:")) << log;
   EXPECT_EQ(std::string::npos, log.find("connected to 127.")) << "it is for the proxy to look up";

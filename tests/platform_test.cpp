@@ -17,6 +17,7 @@
 #include "platform/system/system.h"
 #include "platform/text/json.h"
 #include "platform/text/text.h"
+#include "platform/ui/display_text.h"
 
 namespace quillon::platform {
 namespace {
@@ -32,23 +33,30 @@ TEST(Json, ReadsObjectsOnlyAndStrictly) {
   const std::vector<std::string> readable{"{}", " \n{\"a\":null}\t", "\xEF\xBB\xBF{}", nested(512),
                                           "{\"a\":\"\\u0000\\ud83d\\ude00\"}"};
   for (const std::string& text : readable) EXPECT_TRUE(parseJsonObject(text)) << text;
-  const std::vector<std::string> unreadable{"",
-                                            "[]",
-                                            "7",
-                                            "\"a\"",
-                                            "{",
-                                            "{}x",
-                                            "{'a':1}",
-                                            "{\"a\":1,}",
-                                            "// \n{}",
-                                            "{\"a\":\"\xFF\"}",
-                                            "{\"a\":NaN}",
-                                            "{\"a\":1e999}",
-                                            nested(513),
-                                            std::string(100000, '['),
-                                            std::string("{\"a\0\":1}", 8),
-                                            std::string("{}\0x", 4)};
-  for (const std::string& text : unreadable) EXPECT_FALSE(parseJsonObject(text)) << text;
+  // The kind of the fault, and its line and column.
+  const std::vector<std::pair<std::string, std::array<std::size_t, 3>>> unreadable{
+      {"", {0, 1, 1}},
+      {"[]", {1, 0, 0}},
+      {"7", {1, 0, 0}},
+      {"\"a\"", {1, 0, 0}},
+      {"{", {0, 1, 2}},
+      {"{}x", {0, 1, 3}},
+      {"{'a':1}", {0, 1, 2}},
+      {"{\"a\":1,}", {0, 1, 8}},
+      {"// \n{}", {0, 1, 1}},
+      {"{\n\"a\":\n \"\xFF\"}", {0, 3, 3}},
+      {"{\"a\":NaN}", {0, 1, 6}},
+      {"{\"a\":1e999}", {0, 1, 10}},
+      {nested(513), {2, 0, 0}},
+      {std::string(100000, '['), {1, 0, 0}},
+      {std::string("{\"a\0\":1}", 8), {0, 1, 4}},
+      {std::string("{}\n\0x", 5), {0, 2, 1}}};
+  for (const auto& [text, expected] : unreadable) {
+    JsonFault fault;
+    EXPECT_FALSE(parseJsonObject(text, JsonDepth::all, &fault)) << text;
+    const std::array found{static_cast<std::size_t>(fault.kind), fault.line, fault.column};
+    EXPECT_EQ(expected, found) << text;
+  }
 }
 
 TEST(Json, LastOfEqualKeysCountsAndOrderStays) {
@@ -61,6 +69,7 @@ TEST(Json, LastOfEqualKeysCountsAndOrderStays) {
   EXPECT_NE(nullptr, object->find<JsonObject>("b"));
   EXPECT_EQ("999", numberText(*object->find<JsonNumber>("k999")));
   EXPECT_EQ(nullptr, object->find("k1000"));
+  EXPECT_EQ("{}", compactJsonText(*parseJsonObject(text + "}", JsonDepth::members)->find("b")));
 }
 
 TEST(Json, NumbersHaveDefinedTexts) {
@@ -120,6 +129,14 @@ TEST(Text, Utf8CheckIsStrict) {
   }
 }
 
+TEST(Text, ShownTextIsValidAndBounded) {
+  EXPECT_EQ("abcd", ui::displayText("abcd", 4));
+  EXPECT_EQ("ab…f\uFFFD", ui::displayText("abcdef\xFF", 4));
+  const std::string eight = "1\n2\n3\n4\n5\n6\n7\n8";
+  EXPECT_EQ(eight, ui::firstParagraphs(eight));
+  EXPECT_EQ(eight + "\n…", ui::firstParagraphs(eight + "\n9\n"));
+}
+
 TEST(Files, ClosedStandardStreamsGetPlaceholdersThatCloseOnExec) {
   for (unsigned closed = 0; closed < 8; ++closed) {
     const auto isClosed = [=](int stream) { return (closed >> stream & 1U) != 0; };
@@ -162,11 +179,14 @@ TEST(Files, ReadsRegularFilesOnly) {
   const TemporaryFolder folder;
   folder.write("file", std::string("a\0b", 3));
   folder.write("empty", "");
+  folder.write("large", "");
+  ASSERT_EQ(0, ::truncate((folder.path() / "large").c_str(), off_t{256 << 20} + 1));
   ASSERT_EQ(0, ::mkfifo((folder.path() / "pipe").c_str(), 0600));
   EXPECT_EQ(std::string("a\0b", 3), readFile(folder.path() / "file"));
   EXPECT_EQ("", readFile(folder.path() / "empty"));
-  for (const tests::Path& path : {folder.path(), folder.path() / "pipe", folder.path() / "missing",
-                                  tests::Path("/dev/zero"), tests::Path()}) {
+  for (const tests::Path& path :
+       {folder.path(), folder.path() / "pipe", folder.path() / "missing", folder.path() / "large",
+        tests::Path("/dev/zero"), tests::Path()}) {
     EXPECT_FALSE(readFile(path)) << path;
   }
 }
