@@ -66,7 +66,18 @@ void enterDeletedFolder(Trial& trial) {
   };
 }
 
+/// Takes launcher and engine along to where another user gets: a checkout may be closed to others.
+void moveOut(tests::Launch& launch) {
+  const Path bundle = launch.home.path() / "Nimbra.app";
+  const Path engine = launch.home.path() / "engine";
+  fs::copy(launch.executable.parent_path() / "../..", bundle, fs::copy_options::recursive);
+  fs::copy(launch.engine, engine);
+  launch.executable = bundle / "Contents/MacOS/Nimbra";
+  launch.engine = engine;
+}
+
 void becomeNobody(Trial& trial) {
+  moveOut(trial.launch);
   const Path log = trial.launch.home.path() / "engine-log";
   trial.launch.home.write(log, "");
   fs::permissions(log, fs::perms(0666));
