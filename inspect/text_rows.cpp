@@ -35,7 +35,9 @@ std::string colored(const std::string& text, const std::string& color, const Tex
 }
 
 std::string padding(std::size_t used, std::size_t width) {
-  return std::string(used < width ? width - used : 0, ' ');
+  std::string spaces;
+  if (used < width) spaces.append(width - used, ' ');
+  return spaces;
 }
 
 std::size_t widthOf(const std::vector<TextRow>& rows, std::string TextRow::*part) {

@@ -10,8 +10,8 @@ using platform::Folder;
 /// A folder that items count from, and whether it may be a link.
 struct BaseFolder {
   platform::Path path;
-  Folder::LastLink lastLink;
-  ProfileItem::Base base;
+  Folder::LastLink lastLink = Folder::LastLink::refuse;
+  ProfileItem::Base base = ProfileItem::Base::root;
 };
 
 std::array<BaseFolder, 2> baseFolders(const std::string& userDataDir) {

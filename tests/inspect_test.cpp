@@ -37,8 +37,8 @@ std::set<std::string> filesIn(const Path& folder, const Json& items = Json::arra
   std::set<std::string> files;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
     const std::string file = entry.path();
-    const bool isKept = std::none_of(items.begin(), items.end(), [&](const std::string item) {
-      return (file + '/').starts_with(item + '/');
+    const bool isKept = std::none_of(items.begin(), items.end(), [&](const Json& item) {
+      return (file + '/').starts_with(item.get<std::string>() + '/');
     });
     if (isKept && entry.is_regular_file() && !file.ends_with(".json")) files.insert(file);
   }

@@ -132,6 +132,7 @@ LaunchRow notStarted(const std::string& name, const std::string& overlay, const 
           .engine = engine};
 }
 
+// NOLINTNEXTLINE(readability-function-size): rows of data.
 std::vector<LaunchRow> makeTable() {
   const std::string allRemoved =
       "Default/Last Tabs,Default/Cookies,Default/Local Storage,ShaderCache";

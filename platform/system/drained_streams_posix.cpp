@@ -30,7 +30,8 @@ bool DrainedStream::readSome() {
   if (kept.size() < limit) {
     kept.append(chunk.data(), std::min(length, limit - kept.size()));
   } else if (kept.size() > limit) {
-    kept = kept.substr(0, limit);  // gives the memory of the rest back
+    kept.resize(limit);
+    kept.shrink_to_fit();
   }
   return got > 0;
 }

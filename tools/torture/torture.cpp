@@ -37,7 +37,7 @@ int runFaults(const std::string& proxy, int count, Tally tally) {
         const Path mark = trial.launch.home.path() / "mark";
         trial.launch.environment.insert(
             trial.launch.environment.end(),
-            {"LD_PRELOAD=" FAULT_SHIM, std::string("FAULT=") + function,
+            {std::string("LD_PRELOAD=") + FAULT_SHIM, std::string("FAULT=") + function,
              "FAULT_NUMBER=" + std::to_string(number),
              "FAULT_ERROR=" + std::to_string(errors.at(i)), "FAULT_MARK=" + mark.native()});
         const int status = trial.run();
