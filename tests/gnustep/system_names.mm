@@ -2,32 +2,47 @@
 #include <CoreGraphics/CoreGraphics.h>
 #include <X11/Xlib.h>
 #include <dispatch/dispatch.h>
+#include <unistd.h>
+
+#include <cstdint>
+
+#include "platform/files/descriptor.h"
 
 namespace {
+
+using quillon::platform::Pipe;
+
+struct Work {
+  void (*function)(void*);
+  void* context;
+  void run() const { function(context); }
+};
+
+/// The main queue. No thread but the main one sends a message: GNUstep and its runtime lock each
+/// other out when classes and threads are set up by two at the same time.
+Pipe& mainQueue() {
+  static Pipe pipe = *Pipe::open();
+  return pipe;
+}
 
 char serverPort = 0;
 void (*invalidationCallBack)(CFMachPortRef, void*) = nullptr;
 
 }  // namespace
 
-/// A function in the main queue.
-@interface QuillonWork : NSObject {
-  void (*function_)(void*);
-  void* context_;
-}
+/// Runs the main queue in the main thread.
+@interface QuillonMainQueue : NSObject <RunLoopEvents>
 @end
 
-@implementation QuillonWork
+@implementation QuillonMainQueue
 
-- (instancetype)initWithFunction:(void (*)(void*))function context:(void*)context {
-  self = [super init];
-  function_ = function;
-  context_ = context;
-  return self;
-}
-
-- (void)perform {
-  function_(context_);
+- (void)receivedEvent:(void*)data
+                 type:(RunLoopEventType)type
+                extra:(void*)extra
+              forMode:(NSString*)mode {
+  (void)data, (void)type, (void)extra, (void)mode;
+  Work work{};
+  if (::read(mainQueue().readEnd.get(), &work, sizeof(work)) == sizeof(work)) work.run();
 }
 
 @end
@@ -36,16 +51,9 @@ dispatch_queue_t dispatch_get_main_queue() {
   return nullptr;
 }
 
-void dispatch_async_f(dispatch_queue_t, void* context, void (*work)(void*)) {
-  NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
-  NSArray* const modes =
-      [NSArray arrayWithObjects:NSDefaultRunLoopMode, NSModalPanelRunLoopMode, nil];
-  [[[[QuillonWork alloc] initWithFunction:work context:context] autorelease]
-      performSelectorOnMainThread:@selector(perform)
-                       withObject:nil
-                    waitUntilDone:NO
-                            modes:modes];
-  [pool drain];
+void dispatch_async_f(dispatch_queue_t, void* context, void (*function)(void*)) {
+  const Work work{function, context};
+  (void)!::write(mainQueue().writeEnd.get(), &work, sizeof(work));
 }
 
 /// A session has a display that can be opened: without an icon on it, and with the window manager's
@@ -56,6 +64,11 @@ CFDictionaryRef CGSessionCopyCurrentDictionary() {
       registerDefaults:[NSDictionary
                            dictionaryWithObjectsAndKeys:@"YES", @"GSSuppressAppIcon", @"YES",
                                                         @"GSBackHandlesWindowDecorations", nil]];
+  static QuillonMainQueue* const watcher = [[QuillonMainQueue alloc] init];
+  void* const end = reinterpret_cast<void*>(std::intptr_t{mainQueue().readEnd.get()});
+  for (NSString* mode : {NSDefaultRunLoopMode, NSModalPanelRunLoopMode}) {
+    [[NSRunLoop currentRunLoop] addEvent:end type:ET_RDESC watcher:watcher forMode:mode];
+  }
   [pool drain];
   return reinterpret_cast<CFDictionaryRef>(::XOpenDisplay(nullptr));
 }
