@@ -1,7 +1,6 @@
 #include "inspect/launch_preview.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "discovery/endpoints.h"
 #include "launcher/launch_deeds.h"

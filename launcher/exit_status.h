@@ -6,7 +6,7 @@ namespace quillon {
 
 /// How the launcher ends.
 enum class ExitStatus {
-  /// The engine was started, or the user closed the window.
+  /// The engine was started, or the user closed the window or its display was lost.
   success = 0,
   /// The engine cannot be started.
   fatalFailure = 1,

@@ -16,20 +16,9 @@ TEST(PassthroughLaunch, ComesToWhatItsRowSays) {
   for (const char* name :
        {"passthrough", "engine missing", "engine that is no program", "start page too long"}) {
     TableLaunch launch(rowOf(name), "socks5://h:1");
-    launch.expect(launch.run(), true);
-  }
-}
-
-TEST(PassthroughLaunch, FindsItsBundleByWhateverWayItIsStarted) {
-  const Path executable = NIMBRA_EXECUTABLE;
-  const Path folder = executable.parent_path();
-  for (const Path& way : {Path("link"), "folder" / executable.filename(),
-                          folder / "../MacOS" / executable.filename()}) {
-    SCOPED_TRACE(way);
-    TableLaunch launch(rowOf("passthrough"), "socks5://h:1");
-    std::filesystem::create_symlink(executable, launch.home.path() / "link");
-    std::filesystem::create_directory_symlink(folder, launch.home.path() / "folder");
-    launch.executable = launch.home.path() / way;
+    // By a link from elsewhere, as a package has one in /usr/bin: bundle and catalogue are found.
+    launch.executable = launch.home.path() / "nimbra";
+    std::filesystem::create_symlink(NIMBRA_EXECUTABLE, launch.executable);
     launch.expect(launch.run(), true);
   }
 }
@@ -81,7 +70,8 @@ TEST(PassthroughLaunch, WithoutAProfileTheUsersOwnFolderCounts) {
 }
 
 TEST(FatalReport, NamesTheEngineThatIsNone) {
-  const Path bundle = Path(NIMBRA_EXECUTABLE).parent_path().parent_path().parent_path();
+  const Path folder = Path(NIMBRA_EXECUTABLE).parent_path();
+  const Path bundle = folder.parent_path().parent_path();
   Launch launch;
   launch.prepare = [&] {
     if (::chdir(launch.home.path().c_str()) != 0) ::_exit(127);
@@ -92,6 +82,15 @@ TEST(FatalReport, NamesTheEngineThatIsNone) {
   for (const auto& [engine, path] : rows) {
     launch.engine = engine;
     EXPECT_EQ("[quillon-launcher] Engine binary not found:\n" + path + "\n", launch.run().errors);
+  }
+  const std::string inBundle = launch.run().errors;
+  std::filesystem::create_directory_symlink(folder, launch.home.path() / "folder");
+  launch.home.write("script", "#!" NIMBRA_EXECUTABLE "\n");
+  std::filesystem::permissions(launch.home.path() / "script", std::filesystem::perms::owner_all);
+  for (const Path& way : {launch.home.path() / "folder/Nimbra", folder / "../MacOS/Nimbra",
+                          Path("/" + folder.native() + "/Nimbra"), launch.home.path() / "script"}) {
+    launch.executable = way;
+    EXPECT_EQ(inBundle, launch.run().errors) << way;
   }
   launch.prepare = [] {
     int ends[2];

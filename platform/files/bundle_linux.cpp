@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <climits>
 
 #include "platform/files/bundle.h"
@@ -20,9 +21,12 @@ Path executedPath() {
   return path == nullptr ? Path() : Path(path);
 }
 
-/// Whether the path leads from the root to a file without a link or a dot to follow; openat2(2).
+/// Whether the path leads from the root to the file that runs, without a link or a dot to follow;
+/// openat2(2). A script's is that of the script: its interpreter was started by another name.
 bool isResolved(const Path& path) {
-  if (!path.text().starts_with('/') || path.text().find("/.") != std::string::npos) return false;
+  const auto holds = [&](const char* part) { return path.text().find(part) != std::string::npos; };
+  if (!path.text().starts_with('/') || holds("/.") || holds("//")) return false;
+  if (path.text() != ::program_invocation_name) return false;
   struct open_how straight {};
   straight.flags = O_PATH | O_CLOEXEC;
   straight.resolve = RESOLVE_NO_SYMLINKS;

@@ -1,6 +1,7 @@
 #include <mach-o/dyld.h>
 
 #include <climits>
+#include <cstdint>
 #include <string>
 
 #include "platform/files/bundle.h"

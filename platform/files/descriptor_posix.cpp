@@ -3,8 +3,6 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "platform/files/standard_streams.h"
-
 namespace quillon::platform {
 
 void UniqueFd::reset() {
@@ -12,10 +10,12 @@ void UniqueFd::reset() {
 }
 
 void occupyClosedStandardStreams() {
-  for (const bool closed : closedStandardStreams()) {
-    // The lowest free number is the closed stream's own: those below it are open by now. Kept.
-    if (closed) (void)::open("/dev/null", O_RDWR | O_CLOEXEC);
-  }
+  // Always the lowest free number is given out: a closed stream's own, until all three are open.
+  UniqueFd placeholder;
+  do {
+    (void)placeholder.release();
+    placeholder = UniqueFd(::open("/dev/null", O_RDWR | O_CLOEXEC));
+  } while (placeholder.isOpen() && placeholder.get() <= STDERR_FILENO);
 }
 
 }  // namespace quillon::platform

@@ -66,9 +66,10 @@ CFDictionaryRef CGSessionCopyCurrentDictionary() {
                                                         @"GSBackHandlesWindowDecorations", nil]];
   static QuillonMainQueue* const watcher = [[QuillonMainQueue alloc] init];
   void* const end = reinterpret_cast<void*>(std::intptr_t{mainQueue().readEnd.get()});
-  for (NSString* mode : {NSDefaultRunLoopMode, NSModalPanelRunLoopMode}) {
-    [[NSRunLoop currentRunLoop] addEvent:end type:ET_RDESC watcher:watcher forMode:mode];
-  }
+  [[NSRunLoop currentRunLoop] addEvent:end
+                                  type:ET_RDESC
+                               watcher:watcher
+                               forMode:NSDefaultRunLoopMode];
   [pool drain];
   return reinterpret_cast<CFDictionaryRef>(::XOpenDisplay(nullptr));
 }
