@@ -24,17 +24,12 @@ TEST(PassthroughLaunch, ComesToWhatItsRowSays) {
 }
 
 TEST(PassthroughLaunch, WithoutAProfileTheUsersOwnFolderCounts) {
-  struct Row {
-    Texts arguments;
-    mode_t mask;
-    /// Instead of the one that names the folder; the user database names the same.
-    Texts home;
-  };
-  const std::vector<Row> rows{{{}, 0, {}},
-                              {{"--user-data-dir="}, 077, {}},
-                              {{"--user-data-dir", "/profile"}, 0777, {"HOME="}},
-                              {{}, 022, {"OTHER=1"}}};
-  for (const auto& [arguments, mask, home] : rows) {
+  // Arguments, mask, and instead of the HOME that names the folder; the user database does too.
+  using Row = std::tuple<Texts, mode_t, Texts>;
+  for (const auto& [arguments, mask, home] : {Row{Texts(), 0, {}},
+                                              {{"--user-data-dir="}, 077, {}},
+                                              {{"--user-data-dir", "/profile"}, 0777, {"HOME="}},
+                                              {Texts(), 022, {"OTHER=1"}}}) {
     Launch launch;
     const std::string folder = launch.home.path();
     const std::string ids = std::to_string(::getuid()) + ":" + std::to_string(::getgid());

@@ -111,15 +111,11 @@ TEST(ChromiumLaunch, RunningBrowserHasOurSwitchesAndAnswersOnLoopback) {
                       .port = "19222"};
   TableLaunch launch(row, "");
   launch.engine = chromium;
-  launch.arguments = {"--user-data-dir=" + launch.profile.path().native(),
-                      "--headless",
-                      "--no-sandbox",
-                      "--disable-gpu",
-                      "--disable-quic",
-                      "--no-first-run",
-                      "--disable-background-networking",
-                      "--disable-component-update",
-                      "--disable-sync"};
+  launch.arguments = {"--user-data-dir=" + launch.profile.path().native()};
+  launch.arguments.insert(
+      launch.arguments.end(),
+      {"--headless", "--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run",
+       "--disable-background-networking", "--disable-component-update", "--disable-sync"});
   launch.prepare = [] { ::dup2(::open("/dev/null", O_WRONLY), STDOUT_FILENO); };
   ::prctl(PR_SET_CHILD_SUBREAPER, 1);
   ASSERT_EQ(0, launch.run().status);

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "launch_fixture.h"
 #include "overlay/overlay_file.h"
 #include "overlay/overlay_keys.h"
@@ -60,28 +62,12 @@ TEST(OverlayKeys, EveryKeyTakesEveryKindByItsRule) {
                               {R"({"a":1})", false, "", ""}};
   for (const Row& row : rows) {
     std::string json = "{\"unknown\":1";
-    for (const char* key : {"proxy-server",
-                            "webrtc-no-leak",
-                            "webrtc-fake-public-ip",
-                            "on-proxy-fail",
-                            "auto-geo",
-                            "auto-lang",
-                            "auto-timezone",
-                            "geo-lat",
-                            "geo-lng",
-                            "lang",
-                            "accept-language",
-                            "timezone-override",
-                            "close-previous-tabs",
-                            "start-page",
-                            "granular-storage-reset",
-                            "device-memory",
-                            "hardware-concurrency",
-                            "speech-voices",
-                            "webgl-profile",
-                            "cdp-tcp-port"}) {
-      json += ",\"" + std::string(key) + "\":" + row.json;
-    }
+    std::istringstream keys(
+        "proxy-server webrtc-no-leak webrtc-fake-public-ip on-proxy-fail auto-geo auto-lang "
+        "auto-timezone geo-lat geo-lng lang accept-language timezone-override close-previous-tabs "
+        "start-page granular-storage-reset device-memory hardware-concurrency speech-voices "
+        "webgl-profile cdp-tcp-port");
+    for (std::string key; keys >> key;) json += ",\"" + key + "\":" + row.json;
     OverlayKeys expected;
     expected.webrtcNoLeak = expected.autoGeo = expected.autoLang = expected.autoTimezone = row.isOn;
     expected.webrtcFakePublicIpSet = expected.geoLatSet = expected.geoLngSet = true;

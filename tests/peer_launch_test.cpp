@@ -84,18 +84,14 @@ TEST(PeerLaunch, ComesToWhatItsRowSays) {
   Running unreachable(rowOf("blocked by exit 7"), closedPort, 2820);
   Running refused(rowOf("blocked by exit 97"), wrongPassword, 2820);
   Running unfit(rowOf("blocked by another scheme"), "", 2820);
-  struct Row {
-    const char* name;
-    const std::string& proxy;
-    int pauses;
-  };
+  using Row = std::tuple<const char*, std::string, int>;
   for (const auto& [name, proxy, pauses] :
-       std::vector<Row>{{"ok", openProxy, 500},
-                        {"ok", passwordProxy, 500},
-                        {"ok with parts given", openProxy, 500},
-                        {"ok by the fallback endpoint", openProxy, 500},
-                        {"blocked by a reply that is not UTF-8", openProxy, 2820},
-                        {"blocked by a reply without an address", openProxy, 2820}}) {
+       {Row{"ok", openProxy, 500},
+        {"ok", passwordProxy, 500},
+        {"ok with parts given", openProxy, 500},
+        {"ok by the fallback endpoint", openProxy, 500},
+        {"blocked by a reply that is not UTF-8", openProxy, 2820},
+        {"blocked by a reply without an address", openProxy, 2820}}) {
     answerAsIn(rowOf(name));
     Running(rowOf(name), proxy, pauses).expectEnd();
   }

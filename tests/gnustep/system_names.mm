@@ -15,7 +15,6 @@ using quillon::platform::Pipe;
 struct Work {
   void (*function)(void*);
   void* context;
-  void run() const { function(context); }
 };
 
 /// The main queue. No thread but the main one sends a message: GNUstep and its runtime lock each
@@ -42,7 +41,8 @@ void (*invalidationCallBack)(CFMachPortRef, void*) = nullptr;
               forMode:(NSString*)mode {
   (void)data, (void)type, (void)extra, (void)mode;
   Work work{};
-  if (::read(mainQueue().readEnd.get(), &work, sizeof(work)) == sizeof(work)) work.run();
+  const ssize_t got = ::read(mainQueue().readEnd.get(), &work, sizeof(work));
+  if (got == sizeof(work)) work.function(work.context);
 }
 
 @end

@@ -66,24 +66,18 @@ void enterDeletedFolder(Trial& trial) {
   };
 }
 
-/// Takes launcher and engine along to where another user gets: a checkout may be closed to others.
-void moveOut(tests::Launch& launch) {
-  const Path bundle = launch.home.path() / "Nimbra.app";
-  const Path engine = launch.home.path() / "engine";
-  fs::copy(launch.executable.parent_path() / "../..", bundle, fs::copy_options::recursive);
-  fs::copy(launch.engine, engine);
-  launch.executable = bundle / "Contents/MacOS/Nimbra";
-  launch.engine = engine;
-}
-
+/// Launcher and engine lie where another user gets: a checkout may be closed to others.
 void becomeNobody(Trial& trial) {
-  moveOut(trial.launch);
-  const Path log = trial.launch.home.path() / "engine-log";
+  const Path home = trial.launch.home.path();
+  fs::copy(trial.launch.executable.parent_path() / "../..", home / "Nimbra.app",
+           fs::copy_options::recursive);
+  fs::copy(trial.launch.engine, home / "engine");
+  trial.launch.executable = home / "Nimbra.app/Contents/MacOS/Nimbra";
+  trial.launch.engine = home / "engine";
+  const Path log = home / "engine-log";
   trial.launch.home.write(log, "");
   fs::permissions(log, fs::perms(0666));
-  for (const Path& folder : {trial.reports, trial.launch.home.path()}) {
-    fs::permissions(folder, fs::perms(0755));
-  }
+  for (const Path& folder : {trial.reports, home}) fs::permissions(folder, fs::perms(0755));
   trial.launch.prepare = [] {
     constexpr uid_t nobody = 65534;
     if (::setgid(nobody) != 0 || ::setuid(nobody) != 0) ::_exit(127);
