@@ -3,15 +3,21 @@
 #include <algorithm>
 
 #include "discovery/country_languages.h"
+#include "platform/text/text.h"
 
 namespace quillon {
 namespace {
+
+/// Whether a switch is left of it.
+bool isGiven(const std::string& coordinate) {
+  return !platform::beforeNul(coordinate).empty();
+}
 
 /// All that a discovery gives, whoever asks for it. One coordinate alone is no place.
 ResolvedPersona offeredBy(const DiscoverResult& discovered) {
   ResolvedPersona offered;
   offered.resolvedFakeIP = discovered.ip;
-  if (!discovered.latitude.empty() && !discovered.longitude.empty()) {
+  if (isGiven(discovered.latitude) && isGiven(discovered.longitude)) {
     offered.resolvedGeoLat = discovered.latitude;
     offered.resolvedGeoLng = discovered.longitude;
   }

@@ -182,7 +182,7 @@ TEST(Persona, DerivesWhatIsAskedForAndNotCarried) {
     const bool more = std::string(flags).find_first_of("glt") != std::string::npos;
     EXPECT_EQ(more, wantsMoreThanAddress(overlayWith(flags))) << flags;
   }
-  const DiscoverResult poor{"1.1.1.1", 0, 5, "", "", "", "", "52", ""};
+  const DiscoverResult poor{"1.1.1.1", 0, 5, "", "", "", "", "52", std::string(1, 0)};
   EXPECT_EQ((ResolvedPersona{.resolvedFakeIP = "1.1.1.1"}),
             resolvePersona(overlayWith("aglt"), poor));
 }
