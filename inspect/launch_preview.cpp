@@ -91,6 +91,8 @@ LaunchPreview previewLaunch(const platform::Path& launcher,
   preview.facts = gatherFacts(preview.values);
   preview.plan = planOf(preview);
   preview.removes = removedBy(preview.plan);
+  preview.linksInTheWay =
+      findLinksInTheWay(preview.plan.userDataDir.value_or(""), preview.plan.removals);
   return preview;
 }
 

@@ -29,6 +29,8 @@ struct LaunchPreview {
   LaunchPlan plan;
   /// What the plan would remove and exists: absolute paths, none inside another.
   std::vector<platform::Path> removes;
+  /// Links in the profile behind which the plan would remove something, and the launch does not.
+  std::vector<platform::Path> linksInTheWay;
 
   /// Whether nothing in the plan is unknown.
   [[nodiscard]] bool isComplete() const { return !values.needsWindow || outcome.has_value(); }

@@ -120,12 +120,23 @@ Findings runningBrowser(const LaunchPreview& preview) {
                "/SingletonLock), and the launch removes files under its hands. Close it first."}};
 }
 
+Findings linksInTheWay(const LaunchPreview& preview) {
+  Findings findings;
+  for (const platform::Path& link : preview.linksInTheWay) {
+    findings.push_back({Level::warning, "",
+                        link.text() +
+                            " is a link: what the launch is to remove behind it stays, and may "
+                            "tell sites who the user was. Put the folder itself there."});
+  }
+  return findings;
+}
+
 }  // namespace
 
 Findings surroundingsFindings(const LaunchPreview& preview) {
-  constexpr std::array<Check, 8> checks{missingEngine,  tooLongForTheEngine, tooLongForCurl,
+  constexpr std::array<Check, 9> checks{missingEngine,  tooLongForTheEngine, tooLongForCurl,
                                         missingCurl,    curlConfiguration,   reservedHosts,
-                                        unusableFolder, runningBrowser};
+                                        unusableFolder, runningBrowser,      linksInTheWay};
   return findWith(checks, preview);
 }
 

@@ -1,6 +1,9 @@
 #include "profile/profile_cleaning.h"
 
+#include <algorithm>
 #include <array>
+
+#include "platform/files/files.h"
 
 namespace quillon {
 namespace {
@@ -58,6 +61,21 @@ std::vector<platform::Path> findInProfile(const std::string& userDataDir,
                     }
                   });
   return found;
+}
+
+std::vector<platform::Path> findLinksInTheWay(const std::string& userDataDir,
+                                              const ProfileItems& items) {
+  std::vector<platform::Path> links;
+  for (const BaseFolder& base : baseFolders(userDataDir)) {
+    for (const std::string_view path : pathsBelow(base, items)) {
+      platform::Path folder = (base.path / path).folder();
+      for (; folder.text().size() > userDataDir.size(); folder = folder.folder()) {
+        const bool isNew = std::find(links.begin(), links.end(), folder) == links.end();
+        if (isNew && platform::isLink(folder)) links.push_back(folder);
+      }
+    }
+  }
+  return links;
 }
 
 }  // namespace quillon

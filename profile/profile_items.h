@@ -15,8 +15,6 @@ struct ProfileItem {
 
   Base base;
   std::string_view path;
-
-  bool operator==(const ProfileItem&) const = default;
 };
 
 using ProfileItems = std::vector<ProfileItem>;

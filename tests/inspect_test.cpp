@@ -109,6 +109,7 @@ TEST(Inspect, FindsWhatALaunchPassesOverInSilence) {
       {R"({"auto-geo":1,"proxy-server":"http://x","lang":""})", "error proxy-server,warning lang"},
       {deadProxy + R"("auto-lang":1,"lang":"de"})", "warning auto-lang,warning "},
       {R"({"granular-storage-reset":{"cookie":1}})", "warning granular-storage-reset"},
+      {R"({"granular-storage-reset":{"cookies":1}})", "warning "},
       {R"({"webgl-profile":"none"})", "error webgl-profile"},
       {R"({"start-page":"a\u0000","on-proxy-fail":"Block"})",
        "warning on-proxy-fail,warning start-page"},
@@ -118,6 +119,8 @@ TEST(Inspect, FindsWhatALaunchPassesOverInSilence) {
   }
   for (const auto& [overlay, findings, argument] : rows) {
     Launch launch(overlay);
+    launch.profile.write("Default/History", "x");
+    std::filesystem::create_directory_symlink("/tmp", launch.profile.path() / "Default/Network");
     launch.arguments.push_back(argument);
     const Json page = inspect(launch, {INSPECT_EXECUTABLE, "--json", "--"});
     std::string found;

@@ -18,6 +18,9 @@ namespace quillon::platform {
 /// Whether a folder (links followed) stands there.
 [[nodiscard]] bool isFolder(const Path& path);
 
+/// Whether a link stands there, be it to nothing.
+[[nodiscard]] bool isLink(const Path& path);
+
 /// Whether this process may create files in the folder.
 [[nodiscard]] bool isWritableFolder(const Path& folder);
 

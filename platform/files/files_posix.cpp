@@ -53,6 +53,11 @@ bool isFolder(const Path& path) {
   return status && S_ISDIR(status->st_mode);
 }
 
+bool isLink(const Path& path) {
+  struct stat status {};
+  return ::lstat(path.cText(), &status) == 0 && S_ISLNK(status.st_mode);
+}
+
 bool isWritableFolder(const Path& folder) {
   return isFolder(folder) && ::access(folder.cText(), W_OK | X_OK) == 0;
 }
