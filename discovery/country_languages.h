@@ -13,8 +13,6 @@ struct CountryLang {
   std::string_view primary;
   /// The Accept-Language list with its quality values (RFC 9110).
   std::string_view accept;
-
-  bool operator==(const CountryLang&) const = default;
 };
 
 struct LanguagePair {

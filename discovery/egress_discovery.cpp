@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "discovery/endpoint_reply.h"
+#include "platform/files/files.h"
 #include "platform/system/system.h"
 #include "platform/text/text.h"
 

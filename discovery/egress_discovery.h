@@ -4,10 +4,9 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include "platform/files/files.h"
+#include "platform/files/path.h"
 #include "platform/system/child_run.h"
 
 /// One attempt to learn the address that a proxy exits from. Any thread.

@@ -28,7 +28,7 @@ DiscoverResult readJsonReply(std::string_view reply) {
 
 DiscoverResult readBareReply(std::string_view reply) {
   DiscoverResult result;
-  // White space is blanks and line breaks: what follows it stands in the first line with anything.
+  // Empty lines before it do not count.
   const std::string_view line = platform::firstLine(platform::skipWhitespace(reply));
   result.ip = platform::trimBlanks(line);
   return result;

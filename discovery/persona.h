@@ -21,8 +21,6 @@ struct DiscoveryCapture {
   std::string timezone;
   /// Milliseconds of all attempts together.
   std::int64_t elapsedMs = 0;
-
-  bool operator==(const DiscoveryCapture&) const = default;
 };
 
 /// The persona values that were derived; an empty one was not.

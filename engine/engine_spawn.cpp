@@ -5,6 +5,7 @@
 #include <charconv>
 #include <utility>
 
+#include "platform/files/files.h"
 #include "platform/system/new_session.h"
 #include "platform/system/system.h"
 #include "platform/text/text.h"

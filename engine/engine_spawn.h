@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "engine/override_switches.h"
-#include "platform/files/files.h"
+#include "platform/files/path.h"
 
 namespace quillon {
 

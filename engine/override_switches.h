@@ -30,8 +30,8 @@ void appendAll(SwitchList& switches, const SwitchList& more);
 /// an argument. Nothing is quoted or escaped.
 void appendSwitch(SwitchList& switches, std::string_view name, std::string_view value);
 
-/// The memory class of a machine in GiB, as browsers report it: 1, 2, 4, 8, 16 or 32. Nothing for
-/// unknown memory.
+/// The memory class of a machine of so many bytes, as browsers report it, in GiB: 1, 2, 4, 8, 16 or
+/// 32. Nothing for unknown memory.
 [[nodiscard]] std::optional<std::string> deviceMemoryValue(std::uint64_t physicalMemory);
 
 /// The switches for what was derived from the exit address.

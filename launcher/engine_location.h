@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/files/files.h"
+#include "platform/files/path.h"
 
 namespace quillon {
 

@@ -10,7 +10,7 @@
 #include "launcher/launch_request.h"
 #include "splash/splash_window.h"
 
-/// The steps of a launch with a window, from the overlay to the discovery's outcome.
+/// The steps of a launch with a window, as the user sees them pass.
 namespace quillon {
 
 /// What the sequence does to the world, and what it learns from it.

@@ -6,7 +6,7 @@
 #include "launcher/launch_request.h"
 #include "overlay/webgl_catalogue.h"
 #include "platform/files/bundle.h"
-#include "platform/files/files.h"
+#include "platform/files/path.h"
 
 namespace quillon {
 

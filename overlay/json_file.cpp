@@ -1,5 +1,7 @@
 #include "overlay/json_file.h"
 
+#include "platform/files/files.h"
+
 namespace quillon {
 
 JsonFile readJsonFile(const platform::Path& path) {

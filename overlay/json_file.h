@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "platform/files/files.h"
+#include "platform/files/path.h"
 #include "platform/text/json.h"
 
 namespace quillon {

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "overlay/json_file.h"
+#include "platform/files/files.h"
 #include "platform/system/system.h"
 
 namespace quillon {

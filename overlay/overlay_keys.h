@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/files/files.h"
+#include "platform/files/path.h"
 #include "platform/text/json.h"
 
 namespace quillon {

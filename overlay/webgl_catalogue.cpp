@@ -1,6 +1,7 @@
 #include "overlay/webgl_catalogue.h"
 
 #include "overlay/json_file.h"
+#include "platform/files/files.h"
 #include "platform/text/text.h"
 
 namespace quillon {

@@ -1,5 +1,6 @@
 #include "reports/launch_error.h"
 
+#include "platform/files/files.h"
 #include "reports/report_file.h"
 #include "reports/report_text.h"
 

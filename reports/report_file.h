@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/files/files.h"
+#include "platform/files/path.h"
 
 /// Where report files lie and how one is replaced. No shared state; any thread.
 namespace quillon {

@@ -10,7 +10,6 @@ namespace quillon {
 namespace {
 
 namespace ui = platform::ui;
-using platform::JsonArray;
 using platform::JsonNumber;
 using platform::JsonObject;
 using platform::JsonValue;

@@ -17,8 +17,6 @@ struct SplashStep {
   std::string status;
   bool done = false;
   bool failed = false;
-
-  bool operator==(const SplashStep&) const = default;
 };
 
 /// The four steps of every launch, all pending.

@@ -27,7 +27,8 @@ void sleepFor(std::chrono::milliseconds duration);
 
 /// For the event loop of a user interface:
 
-/// Runs everything posted so far. Main thread.
+/// Runs everything posted so far. When a task calls it, what was posted since the task began runs
+/// before the tasks that waited behind it. Main thread.
 void runPostedTasks();
 
 /// Blocks until something has been posted. Main thread.

@@ -1,5 +1,7 @@
 #include "platform/files/bundle.h"
 
+#include "platform/files/files.h"
+
 namespace quillon::platform {
 
 std::optional<Path> Bundle::findResource(std::string_view fileName) const {

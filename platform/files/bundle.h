@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-#include "platform/files/files.h"
+#include "platform/files/path.h"
 
 namespace quillon::platform {
 

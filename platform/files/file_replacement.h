@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/files/files.h"
+#include "platform/files/path.h"
 
 namespace quillon::platform {
 

@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "platform/files/descriptor.h"
+#include "platform/files/files.h"
 #include "platform/files/interrupted_call.h"
 #include "platform/system/signal_override.h"
 

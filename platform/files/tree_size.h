@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/files/files.h"
+#include "platform/files/path.h"
 
 namespace quillon::platform {
 

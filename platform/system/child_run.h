@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/files/files.h"
+#include "platform/files/path.h"
 #include "platform/system/environment.h"
 
 /// Children that are waited for.

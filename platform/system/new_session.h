@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/files/files.h"
+#include "platform/files/path.h"
 
 /// Processes that outlive this one.
 namespace quillon::platform {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/files/descriptor.h"
-#include "platform/files/files.h"
+#include "platform/files/path.h"
 
 /// What posix_spawn is given, with owners. Every function that returns an int returns an errno
 /// value. Any thread.

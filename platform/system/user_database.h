@@ -4,7 +4,7 @@
 
 #include <optional>
 
-#include "platform/files/files.h"
+#include "platform/files/path.h"
 
 namespace quillon::platform {
 

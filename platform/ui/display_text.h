@@ -16,7 +16,8 @@ inline constexpr std::size_t longestLabelText = 1024;
 [[nodiscard]] std::string displayText(std::string_view text,
                                       std::size_t longest = longestLabelText);
 
-/// The text up to its eighth line break: an alert must not be higher than the screen.
+/// The text up to its eighth line break, and "…" in a line below when there was more than that: an
+/// alert must not be higher than the screen.
 [[nodiscard]] std::string firstParagraphs(std::string_view text);
 
 }  // namespace quillon::platform::ui

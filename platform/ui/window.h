@@ -31,8 +31,6 @@ struct Rect {
   double y = 0;
   double width = 0;
   double height = 0;
-
-  bool operator==(const Rect&) const = default;
 };
 
 struct Font {
@@ -42,8 +40,6 @@ struct Font {
   Family family = Family::system;
   double size = 0;
   Weight weight = Weight::regular;
-
-  bool operator==(const Font&) const = default;
 };
 
 enum class Alignment { natural, center, right };

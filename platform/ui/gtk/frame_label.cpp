@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "platform/ui/display_text.h"
+#include "platform/ui/gtk/owners.h"
 
 namespace quillon::platform::ui {
 namespace {

@@ -4,7 +4,6 @@
 
 #include <string_view>
 
-#include "platform/ui/gtk/owners.h"
 #include "platform/ui/window.h"
 
 /// A widget for one line of text: a `GtkLabel`, so that screen readers know it, which keeps to its
