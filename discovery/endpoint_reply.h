@@ -11,7 +11,8 @@ namespace quillon {
 /// the reply does not tell stays empty, the address included.
 [[nodiscard]] DiscoverResult readEndpointReply(std::string_view reply);
 
-/// Whether the text has the length of an address: 7 to 45 characters. They are not looked at.
+/// Whether the text has the length of an address: 7 to 45 characters, which are not looked at but
+/// for a NUL: it ends the text, as it will end the engine's switch.
 [[nodiscard]] bool isUsableAddress(std::string_view text);
 
 }  // namespace quillon

@@ -100,6 +100,7 @@ TEST(EgressDiscovery, AddressesOfRepliesOfAllSorts) {
       {"{\"a\":{\"ip\":\"9.9.9.9\",\"b\":\"" + std::string(100000, 'x') + "\"},\"ip\":\"1.1.1.1\"}",
        "1.1.1.1", true},
       {"1.1.1", "1.1.1", false},
+      {R"({"ip":"\u0000.1.1.1.1"})", std::string("\0.1.1.1.1", 9), false},
       {longest, longest, true},
       {longest + "x", longest + "x", false},
       {"<!DOCTYPE html>\n<html>", "<!DOCTYPE html>", true}};
