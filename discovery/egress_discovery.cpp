@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <new>
 #include <utility>
 
 #include "discovery/endpoint_reply.h"
@@ -56,6 +58,14 @@ std::string noAddressMessage(std::string_view reply, std::uint64_t replyBytes) {
   constexpr std::size_t headCharacters = 80;
   return "curl exit 0 but no usable IP in response — got " + std::to_string(replyBytes) +
          " bytes, head: \"" + std::string(platform::firstCharacters(reply, headCharacters)) + "\"";
+}
+
+DiscoverResult runCurl(const platform::ChildCommand& command, const DiscoveryRequest& request) {
+  const auto start = std::chrono::steady_clock::now();
+  const platform::ChildRun run = platform::runChild(command, curlLimits);
+  const auto elapsed = std::chrono::steady_clock::now() - start;
+  return interpretCurlRun(
+      run, std::chrono::duration_cast<std::chrono::milliseconds>(elapsed).count(), request);
 }
 
 }  // namespace
@@ -120,12 +130,12 @@ DiscoverResult discoverEgress(const std::string& proxyServer, const std::string&
                    "/usr/bin/curl missing — macOS always ships it; environment is broken", notRun,
                    0);
   }
-  const auto start = std::chrono::steady_clock::now();
-  const platform::ChildRun run = platform::runChild(
-      {curl, *arguments, curlEnvironment(request, platform::startEnvironment())}, curlLimits);
-  const auto elapsed = std::chrono::steady_clock::now() - start;
-  return interpretCurlRun(
-      run, std::chrono::duration_cast<std::chrono::milliseconds>(elapsed).count(), request);
+  try {
+    return runCurl({curl, *arguments, curlEnvironment(request, platform::startEnvironment())},
+                   request);
+  } catch (const std::bad_alloc&) {
+    return interpretCurlRun({.startError = ENOMEM}, 0, request);
+  }
 }
 
 }  // namespace quillon

@@ -2,7 +2,12 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include <future>
+#include <thread>
+
 #include "launch_fixture.h"
+#include "platform/dispatch/dispatch.h"
+#include "platform/system/system.h"
 #include "reports/report_file.h"
 #include "reports/report_text.h"
 
@@ -58,13 +63,36 @@ TEST(ReportFile, IsReplacedWholeOrLeftAlone) {
 TEST(ReportFile, ItsUnfinishedFileIsItsOwn) {
   const TemporaryFolder folder;
   const tests::Path report = folder.path() / "report";
+  const auto writeAnother = [&] {
+    EXPECT_TRUE(writeReportAtomically([] { return std::string("of another"); }, report));
+  };
   EXPECT_TRUE(writeReportAtomically(
       [&] {
-        EXPECT_TRUE(writeReportAtomically([] { return std::string("of another"); }, report));
+        std::thread(writeAnother).join();
         return std::string("the last");
       },
       report));
   EXPECT_EQ("the last", contentOf(report));
+}
+
+TEST(ReportFile, IsFinishedBeforeTheProcessEnds) {
+  const TemporaryFolder folder;
+  const auto endWhileWriting = [&] {
+    std::promise<void> begun;
+    std::thread([&] {
+      (void)writeReportAtomically(
+          [&] {
+            begun.set_value();
+            platform::sleepFor(std::chrono::milliseconds(200));
+            return std::string("whole");
+          },
+          folder.path() / "report");
+    }).detach();
+    begun.get_future().wait();
+    platform::endProcess(7);
+  };
+  EXPECT_EXIT(endWhileWriting(), testing::ExitedWithCode(7), "");
+  EXPECT_EQ("whole", contentOf(folder.path() / "report"));
 }
 
 TEST(ReportFile, WhatCannotBeReplacedStays) {

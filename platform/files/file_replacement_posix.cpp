@@ -8,6 +8,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <new>
 #include <string_view>
 #include <utility>
 
@@ -15,6 +16,7 @@
 #include "platform/files/files.h"
 #include "platform/files/interrupted_call.h"
 #include "platform/system/signal_override.h"
+#include "platform/system/system.h"
 
 namespace quillon::platform {
 namespace {
@@ -64,6 +66,14 @@ bool writeAndClose(UniqueFd descriptor, std::string_view bytes) {
   return ::close(descriptor.release()) == 0 && written;
 }
 
+bool fill(UniqueFd descriptor, const std::function<std::string()>& makeBytes) {
+  try {
+    return writeAndClose(std::move(descriptor), makeBytes());
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
+}
+
 /// A folder makes room; anything else is replaced in one step.
 bool moveOver(const Path& from, const Path& to) {
   if (::rename(from.cText(), to.cText()) == 0) return true;
@@ -73,11 +83,10 @@ bool moveOver(const Path& from, const Path& to) {
 }  // namespace
 
 bool replaceFile(const Path& path, const std::function<std::string()>& makeBytes) {
+  const std::shared_lock delay = delayProcessEnd();
   UnfinishedFile file = createBeside(path);
   if (!file.descriptor.isOpen()) return false;
-  if (writeAndClose(std::move(file.descriptor), makeBytes()) && moveOver(file.path, path)) {
-    return true;
-  }
+  if (fill(std::move(file.descriptor), makeBytes) && moveOver(file.path, path)) return true;
   (void)::unlink(file.path.cText());
   return false;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <shared_mutex>
 #include <string>
 #include <string_view>
 
@@ -32,6 +33,10 @@ namespace quillon::platform {
 /// that has gone or a file that may not grow does not end the process, which from here on ignores
 /// SIGPIPE and SIGXFSZ.
 void writeToStandardError(std::string_view text);
+
+/// `endProcess` waits while anybody has this lock: for what is not to be left half done. Any
+/// thread.
+[[nodiscard]] std::shared_lock<std::shared_mutex> delayProcessEnd();
 
 /// Ends the process at once, without destructors and exit handlers: other threads may be running,
 /// and nothing they use may be torn down under them. A child that `runChild` waits for is killed.

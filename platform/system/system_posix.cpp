@@ -7,6 +7,15 @@
 #include "platform/system/child_leash.h"
 
 namespace quillon::platform {
+namespace {
+
+std::shared_mutex& processEnd() {
+  // Never destroyed: whoever ends the process keeps it.
+  static std::shared_mutex& mutex = *new std::shared_mutex;
+  return mutex;
+}
+
+}  // namespace
 
 Path perUserFolder() {
   return homeFolder() / "Library/Application Support/Quillon";
@@ -18,7 +27,12 @@ void writeToStandardError(std::string_view text) {
   if (::write(STDERR_FILENO, text.data(), text.size()) < 0) return;
 }
 
+std::shared_lock<std::shared_mutex> delayProcessEnd() {
+  return std::shared_lock(processEnd());
+}
+
 void endProcess(int status) {
+  processEnd().lock();
   while (!killLeashedChild()) ::pause();
   ::_exit(status);
 }
