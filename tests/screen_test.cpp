@@ -194,7 +194,7 @@ TEST(Screen, BlockedLaunchShowsWhyInAWindowOfExactSizePlaceAndColours) {
       overlayWith(deadProxy,
                   R"(,"b":"<b>&WWWWWWWWWWWWWWWWWWWWWWWWWWWWWWW","a-key-of-28-characters-in-all":1)"
                   R"(,"chrome-command-line":{"--d":1,"--e":"\u0000\n"})"),
-      {});
+      {"DBUS_SESSION_BUS_ADDRESS=unix:path=/gone"});
   const std::string window = running.window();
   std::optional<Picture> picture;
   do {

@@ -59,7 +59,7 @@ bool initializeToolkit() {
   const SilencedStandardError silenced;
   const std::optional<Connection> display = answerOfDisplay();
   if (!display) return false;
-  doWithoutMissingSessionBus();
+  doWithoutSilentBuses();
   // Nothing here is drawn by OpenGL, whose library crashes when the display dies while it looks.
   ::setenv("GDK_GL", "disable", 1);
   // Numbers and system messages look the same with and without a window.

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -14,6 +15,7 @@ namespace quillon::platform::ui {
 namespace {
 
 constexpr const char* addressVariable = "DBUS_SESSION_BUS_ADDRESS";
+constexpr const char* accessibilityVariable = "AT_SPI_BUS_ADDRESS";
 
 std::string_view variable(const char* name) {
   const char* const value = std::getenv(name);
@@ -22,7 +24,7 @@ std::string_view variable(const char* name) {
 
 /// The libraries of the bus trust nobody else's.
 bool isOwnSocket(const std::string& path) {
-  struct stat facts {};
+  struct stat facts = {};
   return ::stat(path.c_str(), &facts) == 0 && S_ISSOCK(facts.st_mode) &&
          facts.st_uid == ::geteuid();
 }
@@ -34,26 +36,68 @@ bool hasSessionBus(std::string_view address, std::string_view runtimeFolder) {
   return !runtimeFolder.empty() && isOwnSocket(std::string(runtimeFolder) + "/bus");
 }
 
-/// Null unless the bus takes in a new member.
-Connection joinSessionBus() {
-  DBusConnection* const joined = ::dbus_bus_get_private(DBUS_BUS_SESSION, nullptr);
-  return {joined, [](DBusConnection* connection) {
-            if (connection == nullptr) return;
-            ::dbus_connection_close(connection);
-            ::dbus_connection_unref(connection);
+struct AccessibilityBus {
+  Connection connection;
+  std::string address;
+};
+
+Connection owned(DBusConnection* connection) {
+  return {connection, [](DBusConnection* last) {
+            if (last == nullptr) return;
+            ::dbus_connection_close(last);
+            ::dbus_connection_unref(last);
           }};
 }
 
-/// A bus that refuses is no trouble: the toolkit goes on at once.
-bool sessionBusAnswers() {
-  return hasSessionBus(variable(addressVariable), variable("XDG_RUNTIME_DIR")) &&
-         askOnThread(joinSessionBus).has_value();
+/// Where the session says its accessibility bus is; it may start one to say so. Empty for none.
+std::string askForAddress(DBusConnection* session) {
+  using Message = std::unique_ptr<DBusMessage, decltype(&::dbus_message_unref)>;
+  const Message question(
+      ::dbus_message_new_method_call("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress"),
+      ::dbus_message_unref);
+  if (question == nullptr) return "";
+  const Message answer(::dbus_connection_send_with_reply_and_block(
+                           session, question.get(), DBUS_TIMEOUT_USE_DEFAULT, nullptr),
+                       ::dbus_message_unref);
+  const char* address = "";
+  if (answer == nullptr || !::dbus_message_get_args(answer.get(), nullptr, DBUS_TYPE_STRING,
+                                                    &address, DBUS_TYPE_INVALID)) {
+    return "";
+  }
+  return address;
+}
+
+/// Null unless both buses take in a new member.
+Connection joinBothBuses(const std::string& givenAddress) {
+  const Connection session = owned(::dbus_bus_get_private(DBUS_BUS_SESSION, nullptr));
+  if (session == nullptr) return nullptr;
+  auto* const asked = static_cast<DBusConnection*>(session.get());
+  auto bus = std::make_shared<AccessibilityBus>();
+  bus->address = givenAddress.empty() ? askForAddress(asked) : givenAddress;
+  if (bus->address.empty()) return nullptr;
+  auto* const joined = ::dbus_connection_open_private(bus->address.c_str(), nullptr);
+  bus->connection = owned(joined);
+  if (joined == nullptr || !::dbus_bus_register(joined, nullptr)) return nullptr;
+  return bus;
+}
+
+/// The bus that the toolkit may join; null for none.
+Connection accessibilityBus() {
+  if (!hasSessionBus(variable(addressVariable), variable("XDG_RUNTIME_DIR"))) return nullptr;
+  return askOnThread([given = std::string(variable(accessibilityVariable))] {
+           return joinBothBuses(given);
+         })
+      .value_or(nullptr);
 }
 
 }  // namespace
 
-void doWithoutMissingSessionBus() {
-  if (sessionBusAnswers()) return;
+void doWithoutSilentBuses() {
+  if (const Connection bus = accessibilityBus()) {
+    // Else the toolkit would ask once more, and somebody else perhaps.
+    ::setenv(accessibilityVariable, static_cast<AccessibilityBus*>(bus.get())->address.c_str(), 1);
+    return;
+  }
   // The first is for whatever asks for a bus. The bridge could still find one by the display.
   ::setenv(addressVariable, "disabled:", 1);
   ::setenv("NO_AT_BRIDGE", "1", 1);

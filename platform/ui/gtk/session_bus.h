@@ -3,9 +3,9 @@
 namespace quillon::platform::ui {
 
 /// Without a session bus the toolkit and its accessibility bridge would start one, which nobody
-/// ends, and for one that never says a word they would wait for ever: they are told, by the live
-/// environment, to do without. With a bus nothing changes. Blocks up to five seconds. Main thread,
-/// before the toolkit is initialised.
-void doWithoutMissingSessionBus();
+/// ends, and for one that never says a word they would wait for ever, as for the accessibility bus
+/// behind it: unless both take in a member they are told, by the live environment, to do without.
+/// Blocks up to five seconds. Main thread, before the toolkit is initialised.
+void doWithoutSilentBuses();
 
 }  // namespace quillon::platform::ui
