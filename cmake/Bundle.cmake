@@ -12,6 +12,17 @@ function(place_in_bundle target folder)
     LIBRARY DESTINATION ${bundle}/Contents/${folder})
 endfunction()
 
+# The application once more for tests, in a folder of its own and without a module.
+function(add_application_copy target folder)
+  set(copied ${PROJECT_BINARY_DIR}/${folder}/${bundle}/Contents)
+  add_custom_target(${target} ALL
+    COMMAND ${CMAKE_COMMAND} -E copy_directory
+      ${PROJECT_BINARY_DIR}/${bundle}/Contents/MacOS ${copied}/MacOS
+    COMMAND ${CMAKE_COMMAND} -E copy_directory
+      ${PROJECT_BINARY_DIR}/${bundle}/Contents/Resources ${copied}/Resources
+    DEPENDS Nimbra)
+endfunction()
+
 function(add_bundle_resource file)
   get_filename_component(name ${file} NAME)
   configure_file(${file} ${PROJECT_BINARY_DIR}/${bundle}/Contents/Resources/${name} COPYONLY)

@@ -52,7 +52,7 @@ std::vector<std::string> sortedFacts(const Outcome& outcome, char letter) {
 
 TemporaryFolder::TemporaryFolder() {
   std::string pattern = (std::filesystem::temp_directory_path() / "quillon-test.XXXXXX").native();
-  path_ = ::mkdtemp(pattern.data());
+  path_ = std::filesystem::canonical(::mkdtemp(pattern.data()));
 }
 
 TemporaryFolder::~TemporaryFolder() {

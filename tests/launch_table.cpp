@@ -69,7 +69,7 @@ const Texts webgl{"--webgl-vendor=Google Inc. (Intel Inc.)",
                   "--webgl-max-texture-size=16384"};
 const Texts ofMachine{"--device-memory=16", "--hardware-concurrency=8",
                       "--speech-voices-preset=stock-chrome-mac", "chrome://version"};
-const std::string tooLong(200000, 'x');
+const std::string tooLong(2000000, 'x');  // A Mac takes a million bytes.
 
 const std::string start =
     "0 ✓ PROXY\n(120 ms)\n1 ⏳ contacting geoip.quillon.example via SOCKS5…\nask " + geoip + "\n";

@@ -45,9 +45,9 @@ TEST(PassthroughLaunch, WithoutAProfileTheUsersOwnFolderCounts) {
           {"LD_PRELOAD=libnss_wrapper.so", "NSS_WRAPPER_PASSWD=" + folder + "/passwd",
            "NSS_WRAPPER_GROUP=" + folder + "/group", "ASAN_OPTIONS=verify_asan_link_order=0"});
     }
-    launch.prepare = [&folder, mask = mask] {
+    launch.prepare = [&folder, newMask = mask] {
       if (::chdir(folder.c_str()) != 0) ::_exit(127);
-      ::umask(mask);
+      ::umask(newMask);
     };
     EXPECT_EQ(0, launch.run().status);
     const Path reports = launch.home.path() / "Library/Application Support/Quillon";
@@ -103,7 +103,7 @@ TEST(FatalReport, WebglValueTooLongIsPassedOnAndRefused) {
   launch.executable = launch.home.path() / "Nimbra";
   std::filesystem::copy_file(NIMBRA_EXECUTABLE, launch.executable);
   launch.home.write("quillon-webgl-profiles.json",
-                    R"({"profiles":{"p":{"s":")" + std::string(200000, 'x') + "\"}}}");
+                    R"({"profiles":{"p":{"s":")" + std::string(2000000, 'x') + "\"}}}");
   launch.expect(launch.run(), true);
 }
 

@@ -32,8 +32,8 @@ const std::map<std::string, Items> itemsOfKeys{
     {"storage_buckets", {"Default/StorageBuckets"}},
     // Names that look like those above and are none.
     {"(kept)",
-     {"Cookies", "IndexedDB", "Sessions", "GPUCache", "Default/ShaderCache", "Default/cookies",
-      "Network/Cookies", "Default/Network/Kept", "Local State"}}};
+     {"Cookies", "IndexedDB", "Sessions", "GPUCache", "Default/ShaderCache", "Network/Cookies",
+      "Default/Network/Kept", "Local State"}}};
 
 /// A profile with every item, each a folder with contents.
 void fill(const TemporaryFolder& profile) {

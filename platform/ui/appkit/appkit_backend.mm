@@ -49,8 +49,8 @@ void setManners() {
 }
 
 bool connect(const ApplicationCalls& calls) {
-  if (!hasWindowServer()) return false;
   const AutoreleasePool pool;
+  if (!hasWindowServer()) return false;
   setManners();
   screen().calls = calls;
   screen().delegate.reset([[QuillonApplicationDelegate alloc]
