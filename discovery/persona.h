@@ -37,13 +37,16 @@ struct ResolvedPersona {
 
 /// A persona value that a discovery gives.
 struct Derivation {
+  using KeyFlag = bool OverlayKeys::*;
+  using PersonaValue = std::string ResolvedPersona::*;
+
   /// The overlay key that asks for it.
   std::string_view askedBy;
   /// The overlay key that gives it outright; the engine's switch has the same name.
   std::string_view key;
-  bool OverlayKeys::*isAskedFor;
-  bool OverlayKeys::*isGiven;
-  std::string ResolvedPersona::*value;
+  KeyFlag isAskedFor;
+  KeyFlag isGiven;
+  PersonaValue value;
 };
 
 inline constexpr std::size_t derivationCount = 6;

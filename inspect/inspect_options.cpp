@@ -8,8 +8,10 @@ namespace quillon {
 namespace {
 
 struct Option {
+  using Field = bool InspectOptions::*;
+
   std::string_view name;
-  bool InspectOptions::*field;
+  Field field;
   bool value;
 };
 

@@ -40,7 +40,9 @@ std::string padding(std::size_t used, std::size_t width) {
   return spaces;
 }
 
-std::size_t widthOf(const std::vector<TextRow>& rows, std::string TextRow::*part) {
+using Part = std::string TextRow::*;
+
+std::size_t widthOf(const std::vector<TextRow>& rows, Part part) {
   std::size_t width = 0;
   for (const TextRow& row : rows) width = std::max(width, (row.*part).size());
   return width;

@@ -27,7 +27,7 @@ bool isResolved(const Path& path) {
   const auto holds = [&](const char* part) { return path.text().find(part) != std::string::npos; };
   if (!path.text().starts_with('/') || holds("/.") || holds("//")) return false;
   if (path.text() != ::program_invocation_name) return false;
-  struct open_how straight {};
+  struct open_how straight = {};
   straight.flags = O_PATH | O_CLOEXEC;
   straight.resolve = RESOLVE_NO_SYMLINKS;
   const long descriptor =

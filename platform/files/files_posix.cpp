@@ -18,7 +18,7 @@ UniqueFd openFile(const Path& path, int flags) {
 }
 
 std::optional<struct stat> statusOf(const Path& path) {
-  struct stat status {};
+  struct stat status = {};
   if (::stat(path.cText(), &status) != 0) return std::nullopt;
   return status;
 }
@@ -54,7 +54,7 @@ bool isFolder(const Path& path) {
 }
 
 bool isLink(const Path& path) {
-  struct stat status {};
+  struct stat status = {};
   return ::lstat(path.cText(), &status) == 0 && S_ISLNK(status.st_mode);
 }
 
@@ -70,7 +70,7 @@ bool isExecutableFile(const Path& path) {
 std::optional<std::string> readFile(const Path& path) {
   // Opening a named pipe would wait for its other end without O_NONBLOCK.
   const UniqueFd file = openFile(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
-  struct stat status {};
+  struct stat status = {};
   if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
     return std::nullopt;
   }
@@ -97,7 +97,7 @@ bool removeItem(const Path& path) {
   const auto folder = Folder::open(parent.empty() ? "." : parent, Folder::LastLink::follow);
   if (!folder) return false;
   folder->removeItems(std::array<std::string_view, 1>{path.name()});
-  struct stat status {};
+  struct stat status = {};
   return ::lstat(path.cText(), &status) != 0 && errno == ENOENT;
 }
 
@@ -116,7 +116,7 @@ bool Folder::holds(std::string_view relativePath) const {
   const std::size_t slash = relativePath.find('/');
   const std::string name(relativePath.substr(0, slash));
   if (slash == std::string_view::npos) {
-    struct stat status {};
+    struct stat status = {};
     return ::fstatat(descriptor_.get(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
   }
   UniqueFd next(

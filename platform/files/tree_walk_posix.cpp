@@ -72,7 +72,7 @@ void TreeWalk::run() {
 }
 
 std::optional<TreeWalk::FileIdentity> TreeWalk::identityOf(const UniqueFd& folder) {
-  struct stat status {};
+  struct stat status = {};
   if (::fstat(folder.get(), &status) != 0) return std::nullopt;
   return FileIdentity{status.st_dev, status.st_ino};
 }

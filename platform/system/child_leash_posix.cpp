@@ -53,7 +53,7 @@ bool killLeashedChild() {
 void endWithLeashedChild(int signal) {
   // Who has come first ends the process; it may be this very thread, which the signal interrupted.
   if (!killLeashedChild()) return;
-  struct sigaction byDefault {};
+  struct sigaction byDefault = {};
   byDefault.sa_handler = SIG_DFL;
   ::sigaction(signal, &byDefault, nullptr);
   sigset_t self;

@@ -10,7 +10,7 @@ namespace quillon::platform {
 namespace {
 
 bool endsTheProcess(int signal) {
-  struct sigaction current {};
+  struct sigaction current = {};
   ::sigaction(signal, nullptr, &current);
   return (current.sa_flags & SA_SIGINFO) == 0 && current.sa_handler == SIG_DFL;
 }

@@ -9,7 +9,7 @@ namespace quillon::platform {
 class SignalOverride {
  public:
   SignalOverride(int number, void (*disposition)(int)) : number_(number) {
-    struct sigaction temporary {};
+    struct sigaction temporary = {};
     temporary.sa_handler = disposition;
     ::sigaction(number_, &temporary, &former_);
   }
@@ -19,7 +19,7 @@ class SignalOverride {
 
  private:
   int number_;
-  struct sigaction former_ {};
+  struct sigaction former_ = {};
 };
 
 }  // namespace quillon::platform

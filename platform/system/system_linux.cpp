@@ -11,7 +11,7 @@
 namespace quillon::platform {
 
 std::uint64_t physicalMemory() {
-  struct sysinfo machine {};
+  struct sysinfo machine = {};
   if (::sysinfo(&machine) != 0) return 0;
   return std::uint64_t{machine.totalram} * machine.mem_unit;
 }

@@ -129,7 +129,7 @@ int run(const std::string& kind, const std::string& mode, int count) {
   Tally tally(kind + ", " + mode + (onScreen ? " on a screen" : ""));
   // Orphans of launchers become children of this process.
   ::prctl(PR_SET_CHILD_SUBREAPER, 1);
-  struct sigaction interrupt {};
+  struct sigaction interrupt = {};
   interrupt.sa_handler = [](int) {};
   ::sigaction(SIGALRM, &interrupt, nullptr);
   if (kind == "surroundings") return runSurroundings(proxy, tally);
