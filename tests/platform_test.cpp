@@ -154,8 +154,8 @@ TEST(Files, PathsAreTakenApart) {
   using Parts = std::array<std::string, 3>;
   for (const auto& [path, folder, name] :
        {Parts{"a", "", "a"}, {"//a", "/", "a"}, {"/a//b", "/a", "b"}, {"/a/b/", "/a/b", ""}}) {
-    EXPECT_EQ(folder + "|" + name,
-              Path(path).folder().text() + "|" + std::string(Path(path).name()));
+    const Parts found{path, Path(path).folder().text(), std::string(Path(path).name())};
+    EXPECT_EQ((Parts{path, folder, name}), found);
   }
 }
 
