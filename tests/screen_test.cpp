@@ -222,6 +222,8 @@ TEST(Screen, BlockedLaunchShowsWhyInAWindowOfExactSizePlaceAndColours) {
   for (const Area& area : margins) EXPECT_TRUE(isEmpty(*picture, area)) << area.x << ' ' << area.y;
   EXPECT_TRUE(shows(*picture, {16, 184, 428, 18}, colors::dimText));
   EXPECT_TRUE(shows(*picture, {16, 206, 428, 72}, colors::summaryRow));
+  EXPECT_NEAR(231, inkIn(*picture, {16, 206, 428, 18}, colors::summaryRow).last, 15)
+      << "monospaced";
   const Outcome outcome = running.end();
   EXPECT_EQ(42, outcome.status);
   EXPECT_TRUE(outcome.engine.empty());
