@@ -297,6 +297,7 @@ int displaySocket(const std::string& path, Join join) {
   sockaddr_un address{AF_UNIX, {}};
   path.copy(address.sun_path, sizeof(address.sun_path) - 1);
   const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  if (join != ::connect) ::unlink(path.c_str());  // A test that was killed leaves it.
   EXPECT_EQ(0, join(socket, reinterpret_cast<sockaddr*>(&address), sizeof(address)));
   ::listen(socket, 8);
   return socket;
