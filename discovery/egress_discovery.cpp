@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "discovery/endpoint_reply.h"
+#include "discovery/proxy_setting.h"
 #include "platform/files/files.h"
 #include "platform/system/system.h"
 #include "platform/text/text.h"
@@ -14,8 +15,6 @@
 namespace quillon {
 namespace {
 
-constexpr std::string_view acceptedScheme = "socks5://";
-constexpr std::string_view remoteResolvingScheme = "socks5h://";
 constexpr std::int64_t notRun = -1;
 
 struct ExitStatusMeaning {
@@ -60,6 +59,13 @@ std::string noAddressMessage(std::string_view reply, std::uint64_t replyBytes) {
          " bytes, head: \"" + std::string(platform::firstCharacters(reply, headCharacters)) + "\"";
 }
 
+const char* refusalMessage(ProxyFault fault) {
+  return fault == ProxyFault::scheme
+             ? "proxy-server is not socks5://… — launcher only handles socks5:// or empty"
+             : "proxy-server has a control character (%00 to %1f) in its user name or password — "
+               "curl would connect without the proxy";
+}
+
 DiscoverResult runCurl(const platform::ChildCommand& command, const DiscoveryRequest& request) {
   const auto start = std::chrono::steady_clock::now();
   const platform::ChildRun run = platform::runChild(command, curlLimits);
@@ -71,13 +77,10 @@ DiscoverResult runCurl(const platform::ChildCommand& command, const DiscoveryReq
 }  // namespace
 
 std::optional<std::vector<std::string>> curlArguments(const DiscoveryRequest& request) {
+  if (proxyFault(request.proxyServer) != ProxyFault::none) return std::nullopt;
   std::vector<std::string> arguments{"--max-time", "10", "-sS"};
-  const std::string_view proxy = request.proxyServer;
-  if (!proxy.empty()) {
-    if (!proxy.starts_with(acceptedScheme)) return std::nullopt;
-    arguments.emplace_back("-x");
-    arguments.push_back(std::string(remoteResolvingScheme) +
-                        std::string(proxy.substr(acceptedScheme.size())));
+  if (!request.proxyServer.empty()) {
+    arguments.insert(arguments.end(), {"-x", curlProxy(request.proxyServer)});
   }
   arguments.push_back(request.endpointURL);
   return arguments;
@@ -120,11 +123,7 @@ DiscoverResult discoverEgress(const std::string& proxyServer, const std::string&
                               const platform::Path& curl) {
   const DiscoveryRequest request{proxyServer, endpointURL};
   const auto arguments = curlArguments(request);
-  if (!arguments) {
-    return failure("INTERNAL",
-                   "proxy-server is not socks5://… — launcher only handles socks5:// or empty",
-                   notRun, 0);
-  }
+  if (!arguments) return failure("INTERNAL", refusalMessage(proxyFault(proxyServer)), notRun, 0);
   if (!platform::isExecutableFile(curl)) {
     return failure("CURL_NOT_FOUND",
                    "/usr/bin/curl missing — macOS always ships it; environment is broken", notRun,

@@ -46,7 +46,7 @@ struct DiscoveryRequest {
 };
 
 /// curl's arguments for a request. The proxy, not this machine, resolves the endpoint's name.
-/// Nothing when the proxy has another scheme.
+/// Nothing when the proxy setting has a fault.
 [[nodiscard]] std::optional<std::vector<std::string>> curlArguments(
     const DiscoveryRequest& request);
 

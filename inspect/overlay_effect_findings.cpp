@@ -2,6 +2,7 @@
 #include <string>
 #include <utility>
 
+#include "discovery/proxy_setting.h"
 #include "engine/engine_spawn.h"
 #include "inspect/findings.h"
 
@@ -22,15 +23,25 @@ Findings missingProxy(const LaunchPreview& preview) {
                "and the persona gets those of your real address. Name the proxy."}};
 }
 
-Findings unusableProxy(const LaunchPreview& preview) {
+Findings otherProxyScheme(const LaunchPreview& preview) {
   const std::string& proxy = overlayOf(preview).proxyServer;
-  if (!preview.values.needsWindow || preview.curl()) return {};
+  if (!preview.values.needsWindow || proxyFault(proxy) != ProxyFault::scheme) return {};
   const std::string scheme = proxy.substr(0, proxy.find("://"));
   return {{Level::error, "proxy-server",
            inOverlay(preview, "proxy-server") +
                " does not begin with socks5://, the only scheme that discovery takes" +
                (scheme.size() < proxy.size() ? " (not \"" + scheme + "://\")" : "") +
                ": nothing can be derived, and discovery fails. Name a SOCKS5 proxy."}};
+}
+
+Findings controlCharacterInLogin(const LaunchPreview& preview) {
+  const std::string& proxy = overlayOf(preview).proxyServer;
+  if (!preview.values.needsWindow || proxyFault(proxy) != ProxyFault::login) return {};
+  return {{Level::error, "proxy-server",
+           inOverlay(preview, "proxy-server") +
+               " has a control character (%00 to %1f) in its user name or password: curl would "
+               "connect without the proxy, so discovery refuses it and fails. Choose another "
+               "user name or password."}};
 }
 
 Findings nulInProxy(const LaunchPreview& preview) {
@@ -115,9 +126,9 @@ Findings nothingToClean(const LaunchPreview& preview) {
 }  // namespace
 
 Findings overlayEffectFindings(const LaunchPreview& preview) {
-  constexpr std::array<Check, 8> checks{missingProxy,     unusableProxy, nulInProxy,
-                                        nulInSwitches,    overruledPort, halfGiven,
-                                        tabsThatGoAnyway, nothingToClean};
+  constexpr std::array<Check, 9> checks{missingProxy, otherProxyScheme, controlCharacterInLogin,
+                                        nulInProxy,   nulInSwitches,    overruledPort,
+                                        halfGiven,    tabsThatGoAnyway, nothingToClean};
   return findWith(checks, preview);
 }
 

@@ -23,8 +23,13 @@ TEST(EgressDiscovery, ArgumentsNameTheProxyThatResolves) {
   EXPECT_EQ((Texts{"--max-time", "10", "-sS", "https://e/x"}), curlArguments(direct));
   EXPECT_EQ((Texts{"--max-time", "10", "-sS", "-x", "socks5h://u:p@h:1", "https://e/x"}),
             curlArguments(proxied));
-  EXPECT_EQ("socks5h://h:1 ", curlArguments({"socks5://h:1 ", "u"})->at(4));
-  for (const char* proxy : {"socks5h://h:1", "SOCKS5://h:1", " socks5://h:1", "http://h", "x"}) {
+  for (const char* rest :
+       {"h:1 ", "u:p%20%40%7f%ff%%0g%1@h:1", "u:p@h:1/%0a", "h%0a:1", "[::1%250a]"}) {
+    EXPECT_EQ(std::string("socks5h://") + rest,
+              curlArguments({std::string("socks5://") + rest, "u"})->at(4));
+  }
+  for (const char* proxy : {"socks5h://h:1", "SOCKS5://h:1", " socks5://h:1", "http://h", "x",
+                            "socks5://%00@h", "socks5://u:p%1F@h:1", "socks5:///u%%0a:p@h:1"}) {
     EXPECT_FALSE(curlArguments({proxy, "u"})) << proxy;
   }
 }

@@ -1,9 +1,11 @@
 // Tries to break the launcher, prints what went wrong and how much was tried.
 //
 // usage: torture surroundings|faults|deaths|load passthrough|windowed [COUNT]
+//        torture proxies passthrough [1]
 //
 // COUNT says how many errors each call fails with, launches are killed, or launches run eight at a
-// time. Windowed launches need the environment of scripts/with-peers.
+// time. With 1 the proxies are all there are, without it a share. Windowed launches need the
+// environment of scripts/with-peers.
 
 #include <sys/prctl.h>
 
@@ -133,6 +135,7 @@ int run(const std::string& kind, const std::string& mode, int count) {
   interrupt.sa_handler = [](int) {};
   ::sigaction(SIGALRM, &interrupt, nullptr);
   if (kind == "surroundings") return runSurroundings(proxy, tally);
+  if (kind == "proxies") return runProxies(count > 0, tally);
   if (kind == "faults") return runFaults(proxy, count, tally);
   if (kind == "deaths") return runDeaths(proxy, count, tally);
   if (kind == "load") return runLoad(proxy, count, tally);

@@ -154,4 +154,9 @@ class Tally {
 /// Launches from surroundings that a launcher does not expect.
 int runSurroundings(const std::string& proxy, Tally tally);
 
+/// Launches with proxy settings that curl could mistake. With `everyPlace` all codes are tried in
+/// all parts of the setting and from hostile environments; otherwise the control characters in the
+/// login.
+int runProxies(bool everyPlace, Tally tally);
+
 }  // namespace quillon::torture
