@@ -60,8 +60,10 @@ bool writeAll(int descriptor, std::string_view bytes) {
 bool writeAndClose(UniqueFd descriptor, std::string_view bytes) {
   // A file grown to the process's limit is a failed write, not the end of the process.
   const SignalOverride fileSizeLimit(SIGXFSZ, SIG_IGN);
-  const bool written =
-      ::fchmod(descriptor.get(), ownersFileMode) == 0 && writeAll(descriptor.get(), bytes);
+  // Gives back what a umask took from the owner. Some file systems refuse to change a mode; the
+  // file is then no wider than it was created.
+  (void)::fchmod(descriptor.get(), ownersFileMode);
+  const bool written = writeAll(descriptor.get(), bytes);
   // Some file systems report a full disk only here.
   return ::close(descriptor.release()) == 0 && written;
 }
