@@ -19,7 +19,8 @@ int millisecondsUntil(Clock::time_point deadline) {
 }  // namespace
 
 bool DrainedStream::readSome() {
-  constexpr std::size_t chunkBytes = 65536;
+  // A background thread may have a stack of no more than 64 KiB.
+  constexpr std::size_t chunkBytes = 4096;
   // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): filling it would be wasted.
   std::array<char, chunkBytes> chunk;
   const ssize_t got = ::read(descriptor, chunk.data(), chunk.size());

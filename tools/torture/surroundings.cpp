@@ -99,6 +99,7 @@ std::vector<Surroundings> allSurroundings() {
   std::vector<Surroundings> all{
       {"standard streams closed", preparing([] { ::close_range(0, 2, 0); })},
       {"16 descriptors", preparing([] { limitTo(RLIMIT_NOFILE, 16); })},
+      {"stack of 64 KiB", preparing([] { limitTo(RLIMIT_STACK, rlim_t{64} << 10); })},
       {"environment of 2 MB", growEnvironment},
       {"no arguments at all", takeArguments},
       // Nothing names an engine, and none is in its place; nor the endpoints' certificates.
