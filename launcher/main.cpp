@@ -1,11 +1,13 @@
 #include "launcher/entry.h"
 #include "platform/files/descriptor.h"
 #include "platform/system/environment.h"
+#include "platform/system/signal_dispositions.h"
 #include "platform/system/system.h"
 
 int main(int count, char* arguments[]) {
   namespace platform = quillon::platform;
   platform::occupyClosedStandardStreams();
   (void)platform::startEnvironment();
+  (void)platform::startSignalMask();
   platform::endProcess(quillon::runLauncher({arguments, arguments + count}));
 }

@@ -2,19 +2,38 @@
 #include <gtest/gtest.h>
 #include <sched.h>
 #include <sys/prctl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <csignal>
+#include <thread>
 
 #include "discovery/egress_discovery.h"
 #include "engine/override_switches.h"
 #include "launch_table.h"
 #include "platform/files/descriptor.h"
+#include "platform/files/file_replacement.h"
 #include "platform/files/files.h"
 #include "platform/system/child_run.h"
+#include "platform/system/signal_dispositions.h"
 
 /// What only Linux tells a test, by /proc and the like.
+namespace {
+
+bool modesAreRefused = false;
+
+}  // namespace
+
+// Replaced in the whole test program, by a file system's answer once a test says so.
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): the system's begin with
+// "__".
+extern "C" int fchmod(int descriptor, mode_t mode) noexcept {
+  errno = EPERM;
+  return modesAreRefused ? -1 : static_cast<int>(::syscall(SYS_fchmod, descriptor, mode));
+}
+
 namespace quillon::tests {
 namespace {
 
@@ -32,22 +51,31 @@ platform::ChildRun runShell(const std::string& script) {
   return platform::runChild({"/bin/sh", {"-c", script}}, {std::chrono::seconds(10), 1000, 100});
 }
 
+TEST(Files, ReportIsWrittenWhereModesAreRefused) {
+  const TemporaryFolder folder;
+  modesAreRefused = true;
+  EXPECT_TRUE(platform::replaceFile(folder.path() / "new/file", [] { return "text"; }));
+  modesAreRefused = false;
+  EXPECT_EQ("text", contentOf(folder.path() / "new/file"));
+}
+
 TEST(Files, ReadsFilesWhoseSizeIsSaidToBeNone) {
   EXPECT_NE("", platform::readFile("/proc/self/status"));
 }
 
 TEST(Process, ChildGetsThreeStreamsAndTheStartsEnvironmentAndMask) {
   (void)platform::startEnvironment();
+  (void)platform::startSignalMask();
   ::setenv("QUILLON_LATE", "x", 1);
   const platform::UniqueFd inherited(::dup(STDIN_FILENO));
-  sigset_t blocked{};
-  sigset_t before;
-  ::sigaddset(&blocked, SIGUSR1);
-  ::pthread_sigmask(SIG_SETMASK, &blocked, &before);
-  EXPECT_EQ(
-      "[] 0 1 2 3 SigBlk: 0000000000000200\n",
-      runShell("echo [$QUILLON_LATE] $(ls /dev/fd/) $(grep SigBlk /proc/self/status)").output);
-  ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+  std::thread([] {
+    sigset_t blocked;
+    ::sigfillset(&blocked);
+    ::pthread_sigmask(SIG_SETMASK, &blocked, nullptr);
+    EXPECT_EQ(
+        "[] 0 1 2 3 SigBlk: 0000000000000000\n",
+        runShell("echo [$QUILLON_LATE] $(ls /dev/fd/) $(grep SigBlk /proc/self/status)").output);
+  }).join();
 }
 
 TEST(Process, IgnoredSignalsStayIgnoredAndTheStatusSurvivesThat) {

@@ -27,8 +27,6 @@ class LeashChange {
   LeashChange& operator=(const LeashChange&) = delete;
   ~LeashChange();
 
-  /// The thread's signal mask without the signals blocked here: the one for the child.
-  [[nodiscard]] const sigset_t& formerMask() const { return formerMask_; }
   /// Puts a child on the leash in place of the former; 0 for none.
   static void put(pid_t child);
 

@@ -8,6 +8,7 @@
 #include "platform/system/child_run.h"
 #include "platform/system/drained_streams.h"
 #include "platform/system/leashed_child.h"
+#include "platform/system/signal_dispositions.h"
 #include "platform/system/spawn_parts.h"
 
 namespace quillon::platform {
@@ -29,8 +30,8 @@ int startWithPipes(LeashedChild& child, const ChildCommand& command, const Pipe&
   if (const int error = actions.duplicate(output.writeEnd, STDOUT_FILENO)) return error;
   if (const int error = actions.duplicate(errors.writeEnd, STDERR_FILENO)) return error;
   if (const int error = keepOnlyStandardStreams(actions, attributes)) return error;
-  return child.start([&](pid_t& id, const sigset_t& mask) {
-    if (const int error = attributes.setSignalMask(mask)) return error;
+  if (const int error = attributes.setSignalMask(startSignalMask())) return error;
+  return child.start([&](pid_t& id) {
     return spawn(id, command.executable, actions.get(), attributes, pointers.data(),
                  command.environment.entries());
   });

@@ -20,8 +20,8 @@ namespace quillon::platform {
 class LeashedChild {
  public:
   using Clock = std::chrono::steady_clock;
-  /// Starts the child with this signal mask and tells its number; returns an errno value.
-  using Spawn = std::function<int(pid_t& id, const sigset_t& mask)>;
+  /// Starts the child and tells its number; returns an errno value.
+  using Spawn = std::function<int(pid_t& id)>;
 
   LeashedChild() = default;
   LeashedChild(const LeashedChild&) = delete;

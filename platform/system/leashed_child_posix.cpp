@@ -24,7 +24,7 @@ LeashedChild::~LeashedChild() {
 int LeashedChild::start(const Spawn& spawn) {
   const LeashChange change;
   overrideSignals();
-  const int error = spawn(id_, change.formerMask());
+  const int error = spawn(id_);
   if (error != 0) {
     id_ = 0;
     giveSignalsBack();

@@ -9,6 +9,7 @@ int spawnInNewSession(const Path& executable, const std::vector<std::string>& ar
   restoreSignalDispositions();
   SpawnAttributes attributes;
   if (const int error = attributes.addFlags(POSIX_SPAWN_SETSID)) return error;
+  if (const int error = attributes.setSignalMask(startSignalMask())) return error;
   pid_t ignored = 0;
   return spawn(ignored, executable, nullptr, attributes, pointersTo(argumentVector).data(),
                startEnvironment().entries());

@@ -1,7 +1,6 @@
-#include <array>
-#include <csignal>
-
 #include "platform/system/signal_dispositions.h"
+
+#include <array>
 
 namespace quillon::platform {
 namespace {
@@ -11,6 +10,15 @@ std::array<struct sigaction, NSIG> keptDispositions;
 bool dispositionsAreKept = false;
 
 }  // namespace
+
+const sigset_t& startSignalMask() {
+  static const sigset_t mask = [] {
+    sigset_t current;
+    ::pthread_sigmask(SIG_SETMASK, nullptr, &current);
+    return current;
+  }();
+  return mask;
+}
 
 void keepSignalDispositions() {
   for (int number = 1; number < NSIG; ++number) {
