@@ -40,11 +40,11 @@ struct ChildRun {
 
 /// Runs a child to its end and reads both of its output streams meanwhile, so that it never stalls
 /// in a full pipe; its standard error is dropped. It inherits standard input and no other
-/// descriptor, and gets the signal mask that the process was started with. Blocks until the child has ended, at the latest `limits.time`
-/// after the call: then it is killed. Whoever else holds its streams open can delay the return
-/// until then too. It ends with this process when that ends by `endProcess`, SIGHUP, SIGINT or
-/// SIGTERM. Any thread, but one run at a time; while it runs the process does not ignore SIGCHLD,
-/// so that the exit status cannot get lost.
+/// descriptor, and gets the signal mask that the process was started with. Blocks until the child
+/// has ended, at the latest `limits.time` after the call: then it is killed. Whoever else holds its
+/// streams open can delay the return until then too. It ends with this process when that ends by
+/// `endProcess`, SIGHUP, SIGINT or SIGTERM. Any thread, but one run at a time; while it runs the
+/// process does not ignore SIGCHLD, so that the exit status cannot get lost.
 [[nodiscard]] ChildRun runChild(const ChildCommand& command, const ChildLimits& limits);
 
 }  // namespace quillon::platform
