@@ -9,7 +9,7 @@
 #include "discovery/endpoint_reply.h"
 #include "discovery/proxy_setting.h"
 #include "platform/files/files.h"
-#include "platform/system/system.h"
+#include "platform/host/system.h"
 #include "platform/text/text.h"
 
 namespace quillon {

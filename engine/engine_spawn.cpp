@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "platform/files/files.h"
-#include "platform/system/new_session.h"
-#include "platform/system/system.h"
+#include "platform/host/system.h"
+#include "platform/process/new_session.h"
 #include "platform/text/text.h"
 
 namespace quillon {

@@ -9,8 +9,8 @@
 #include <system_error>
 
 #include "discovery/egress_discovery.h"
-#include "platform/system/environment.h"
-#include "platform/system/other_process.h"
+#include "platform/probe/other_process.h"
+#include "platform/process/environment.h"
 
 namespace quillon {
 namespace {

@@ -6,7 +6,7 @@
 #include "launcher/process_values.h"
 #include "overlay/json_file.h"
 #include "platform/files/files.h"
-#include "platform/system/argument_limits.h"
+#include "platform/probe/argument_limits.h"
 
 namespace quillon {
 

@@ -1,6 +1,6 @@
 #include "launcher/engine_location.h"
 
-#include "platform/system/environment.h"
+#include "platform/process/environment.h"
 
 namespace quillon {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/system/system.h"
+#include "platform/host/system.h"
 
 namespace quillon {
 

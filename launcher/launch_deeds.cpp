@@ -3,7 +3,7 @@
 #include "engine/engine_spawn.h"
 #include "launcher/fatal_report.h"
 #include "overlay/webgl_catalogue.h"
-#include "platform/system/system.h"
+#include "platform/host/system.h"
 #include "profile/profile_cleaning.h"
 #include "reports/launch_result.h"
 

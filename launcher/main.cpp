@@ -1,8 +1,8 @@
 #include "launcher/entry.h"
 #include "platform/files/descriptor.h"
-#include "platform/system/environment.h"
-#include "platform/system/signal_dispositions.h"
-#include "platform/system/system.h"
+#include "platform/host/system.h"
+#include "platform/process/environment.h"
+#include "platform/process/signal_dispositions.h"
 
 int main(int count, char* arguments[]) {
   namespace platform = quillon::platform;

@@ -4,7 +4,7 @@
 
 #include "overlay/json_file.h"
 #include "platform/files/files.h"
-#include "platform/system/system.h"
+#include "platform/host/system.h"
 
 namespace quillon {
 namespace {

@@ -1,7 +1,7 @@
 #include "reports/report_file.h"
 
 #include "platform/files/file_replacement.h"
-#include "platform/system/system.h"
+#include "platform/host/system.h"
 
 namespace quillon {
 

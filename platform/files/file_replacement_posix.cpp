@@ -15,8 +15,8 @@
 #include "platform/files/descriptor.h"
 #include "platform/files/files.h"
 #include "platform/files/interrupted_call.h"
-#include "platform/system/signal_override.h"
-#include "platform/system/system.h"
+#include "platform/host/system.h"
+#include "platform/process/signal_override.h"
 
 namespace quillon::platform {
 namespace {

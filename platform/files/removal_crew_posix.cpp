@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "platform/files/tree_walk.h"
-#include "platform/system/system.h"
+#include "platform/host/system.h"
 
 namespace quillon::platform {
 namespace {

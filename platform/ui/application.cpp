@@ -3,8 +3,8 @@
 #include <cstdlib>
 
 #include "platform/dispatch/dispatch.h"
-#include "platform/system/signal_dispositions.h"
-#include "platform/system/system.h"
+#include "platform/host/system.h"
+#include "platform/process/signal_dispositions.h"
 #include "platform/ui/display.h"
 #include "platform/ui/module.h"
 

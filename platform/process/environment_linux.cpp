@@ -1,11 +1,11 @@
-#include <crt_externs.h>
+#include <unistd.h>
 
-#include "platform/system/environment.h"
+#include "platform/process/environment.h"
 
 namespace quillon::platform {
 
 char* const* liveEnvironment() {
-  return *::_NSGetEnviron();
+  return ::environ;
 }
 
 }  // namespace quillon::platform

@@ -4,9 +4,9 @@
 
 #include <cstring>
 
-#include "platform/system/environment.h"
-#include "platform/system/system.h"
-#include "platform/system/user_database.h"
+#include "platform/host/system.h"
+#include "platform/host/user_database.h"
+#include "platform/process/environment.h"
 
 namespace quillon::platform {
 

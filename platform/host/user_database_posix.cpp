@@ -1,4 +1,4 @@
-#include "platform/system/user_database.h"
+#include "platform/host/user_database.h"
 
 #include <pwd.h>
 

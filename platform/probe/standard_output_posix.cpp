@@ -1,7 +1,7 @@
 #include <unistd.h>
 
 #include "platform/files/interrupted_call.h"
-#include "platform/system/standard_output.h"
+#include "platform/probe/standard_output.h"
 
 namespace quillon::platform {
 

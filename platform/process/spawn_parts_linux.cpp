@@ -1,6 +1,6 @@
 #include <unistd.h>
 
-#include "platform/system/spawn_parts.h"
+#include "platform/process/spawn_parts.h"
 
 namespace quillon::platform {
 

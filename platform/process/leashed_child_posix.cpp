@@ -1,4 +1,4 @@
-#include "platform/system/leashed_child.h"
+#include "platform/process/leashed_child.h"
 
 #include <sys/wait.h>
 

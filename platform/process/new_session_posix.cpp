@@ -1,7 +1,7 @@
-#include "platform/system/environment.h"
-#include "platform/system/new_session.h"
-#include "platform/system/signal_dispositions.h"
-#include "platform/system/spawn_parts.h"
+#include "platform/process/environment.h"
+#include "platform/process/new_session.h"
+#include "platform/process/signal_dispositions.h"
+#include "platform/process/spawn_parts.h"
 
 namespace quillon::platform {
 

@@ -1,4 +1,4 @@
-#include "platform/system/child_leash.h"
+#include "platform/process/child_leash.h"
 
 #include <poll.h>
 #include <unistd.h>

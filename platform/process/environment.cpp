@@ -1,4 +1,4 @@
-#include "platform/system/environment.h"
+#include "platform/process/environment.h"
 
 #include <algorithm>
 

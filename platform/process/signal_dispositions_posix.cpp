@@ -1,4 +1,4 @@
-#include "platform/system/signal_dispositions.h"
+#include "platform/process/signal_dispositions.h"
 
 #include <array>
 

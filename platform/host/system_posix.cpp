@@ -1,10 +1,10 @@
-#include "platform/system/system.h"
+#include "platform/host/system.h"
 
 #include <unistd.h>
 
 #include <csignal>
 
-#include "platform/system/child_leash.h"
+#include "platform/process/child_leash.h"
 
 namespace quillon::platform {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/system/spawn_parts.h"
+#include "platform/process/spawn_parts.h"
 
 namespace quillon::platform {
 

@@ -8,8 +8,8 @@
 #include <functional>
 #include <optional>
 
-#include "platform/system/child_leash.h"
-#include "platform/system/signal_override.h"
+#include "platform/process/child_leash.h"
+#include "platform/process/signal_override.h"
 
 namespace quillon::platform {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/files/path.h"
-#include "platform/system/environment.h"
+#include "platform/process/environment.h"
 
 /// Children that are waited for.
 namespace quillon::platform {

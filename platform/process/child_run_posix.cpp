@@ -5,11 +5,11 @@
 #include <utility>
 
 #include "platform/files/descriptor.h"
-#include "platform/system/child_run.h"
-#include "platform/system/drained_streams.h"
-#include "platform/system/leashed_child.h"
-#include "platform/system/signal_dispositions.h"
-#include "platform/system/spawn_parts.h"
+#include "platform/process/child_run.h"
+#include "platform/process/drained_streams.h"
+#include "platform/process/leashed_child.h"
+#include "platform/process/signal_dispositions.h"
+#include "platform/process/spawn_parts.h"
 
 namespace quillon::platform {
 namespace {

@@ -1,6 +1,6 @@
 #include <unistd.h>
 
-#include "platform/system/argument_limits.h"
+#include "platform/probe/argument_limits.h"
 
 namespace quillon::platform {
 

@@ -1,4 +1,4 @@
-#include "platform/system/argument_limits.h"
+#include "platform/probe/argument_limits.h"
 
 namespace quillon::platform {
 

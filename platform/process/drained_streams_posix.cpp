@@ -1,4 +1,4 @@
-#include "platform/system/drained_streams.h"
+#include "platform/process/drained_streams.h"
 
 #include <poll.h>
 #include <unistd.h>

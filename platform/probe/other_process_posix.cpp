@@ -4,7 +4,7 @@
 #include <cerrno>
 #include <csignal>
 
-#include "platform/system/other_process.h"
+#include "platform/probe/other_process.h"
 
 namespace quillon::platform {
 

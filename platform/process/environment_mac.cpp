@@ -1,11 +1,11 @@
-#include <unistd.h>
+#include <crt_externs.h>
 
-#include "platform/system/environment.h"
+#include "platform/process/environment.h"
 
 namespace quillon::platform {
 
 char* const* liveEnvironment() {
-  return ::environ;
+  return *::_NSGetEnviron();
 }
 
 }  // namespace quillon::platform

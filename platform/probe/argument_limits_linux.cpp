@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/system/argument_limits.h"
+#include "platform/probe/argument_limits.h"
 
 namespace quillon::platform {
 
