@@ -4,12 +4,12 @@
 #include <array>
 #include <cerrno>
 #include <new>
+#include <system_error>
 #include <utility>
 
 #include "discovery/endpoint_reply.h"
 #include "discovery/proxy_setting.h"
 #include "platform/files/files.h"
-#include "platform/host/system.h"
 #include "platform/text/text.h"
 
 namespace quillon {
@@ -95,7 +95,8 @@ platform::Environment curlEnvironment(const DiscoveryRequest& request,
 DiscoverResult interpretCurlRun(const platform::ChildRun& run, std::int64_t elapsedMs,
                                 const DiscoveryRequest& request) {
   if (run.startError != 0) {
-    return failure("INTERNAL", "Process.run(curl) failed: " + platform::errorText(run.startError),
+    return failure("INTERNAL",
+                   "Process.run(curl) failed: " + std::system_category().message(run.startError),
                    notRun, 0);
   }
   if (run.exitStatus != 0) {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/files/path.h"
-#include "platform/process/child_run.h"
+#include "platform/process/child_process.h"
 
 /// One attempt to learn the address that a proxy exits from. Any thread.
 namespace quillon {

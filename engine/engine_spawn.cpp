@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <system_error>
 #include <utility>
 
 #include "platform/files/files.h"
-#include "platform/host/system.h"
-#include "platform/process/new_session.h"
+#include "platform/process/spawn.h"
 #include "platform/text/text.h"
 
 namespace quillon {
@@ -43,7 +43,7 @@ bool namesDebuggingPort(std::string_view argument) {
 }  // namespace
 
 SpawnError SpawnError::posixSpawn(std::int32_t errorNumber) {
-  return {Case::posixSpawn, errorNumber, platform::errorText(errorNumber), {}};
+  return {Case::posixSpawn, errorNumber, std::system_category().message(errorNumber), {}};
 }
 
 SpawnError SpawnError::engineMissing(platform::Path engine) {

@@ -8,9 +8,9 @@
 #include "inspect/text_page.h"
 #include "launcher/launch_request.h"
 #include "platform/files/bundle.h"
-#include "platform/host/system.h"
 #include "platform/probe/standard_output.h"
 #include "platform/process/environment.h"
+#include "platform/process/process.h"
 
 namespace quillon {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/host/system.h"
+#include "platform/process/process.h"
 
 namespace quillon {
 

@@ -1,7 +1,7 @@
 #include "launcher/fatal_report.h"
 
 #include "launcher/exit_status.h"
-#include "platform/host/system.h"
+#include "platform/process/process.h"
 #include "platform/ui/application.h"
 
 namespace quillon {

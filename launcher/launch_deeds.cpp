@@ -3,7 +3,7 @@
 #include "engine/engine_spawn.h"
 #include "launcher/fatal_report.h"
 #include "overlay/webgl_catalogue.h"
-#include "platform/host/system.h"
+#include "platform/host/host.h"
 #include "profile/profile_cleaning.h"
 #include "reports/launch_result.h"
 

@@ -1,8 +1,7 @@
 #include "launcher/entry.h"
-#include "platform/files/descriptor.h"
-#include "platform/host/system.h"
 #include "platform/process/environment.h"
-#include "platform/process/signal_dispositions.h"
+#include "platform/process/process.h"
+#include "platform/process/signals.h"
 
 int main(int count, char* arguments[]) {
   namespace platform = quillon::platform;

@@ -3,8 +3,8 @@
 #include <string_view>
 
 #include "overlay/json_file.h"
+#include "overlay/user_folder.h"
 #include "platform/files/files.h"
-#include "platform/host/system.h"
 
 namespace quillon {
 namespace {
@@ -26,7 +26,7 @@ platform::Path overlayFileURL(const std::optional<std::string>& userDataDir) {
     platform::Path ofProfile = platform::Path(*userDataDir) / overlayFileName;
     if (platform::exists(ofProfile)) return ofProfile;
   }
-  return platform::perUserFolder() / overlayFileName;
+  return perUserFolder() / overlayFileName;
 }
 
 std::optional<platform::JsonObject> readOverlayObject(const platform::Path& overlayURL) {

@@ -1,14 +1,14 @@
 #include "reports/report_file.h"
 
+#include "overlay/user_folder.h"
 #include "platform/files/file_replacement.h"
-#include "platform/host/system.h"
 
 namespace quillon {
 
 platform::Path reportFileURL(const std::optional<std::string>& userDataDir,
                              std::string_view fileName) {
   const bool hasProfile = userDataDir && !userDataDir->empty();
-  return (hasProfile ? platform::Path(*userDataDir) : platform::perUserFolder()) / fileName;
+  return (hasProfile ? platform::Path(*userDataDir) : perUserFolder()) / fileName;
 }
 
 bool writeReportAtomically(const std::function<std::string()>& makeText,

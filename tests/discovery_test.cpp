@@ -5,7 +5,7 @@
 #include "discovery/endpoints.h"
 #include "discovery/persona.h"
 #include "launch_fixture.h"
-#include "platform/process/spawn_parts.h"
+#include "platform/process/spawn.h"
 
 namespace quillon {
 namespace {

@@ -16,8 +16,8 @@
 #include "platform/files/descriptor.h"
 #include "platform/files/file_replacement.h"
 #include "platform/files/files.h"
-#include "platform/process/child_run.h"
-#include "platform/process/signal_dispositions.h"
+#include "platform/process/child_process.h"
+#include "platform/process/signals.h"
 
 /// What only Linux tells a test, by /proc and the like.
 namespace {

@@ -7,7 +7,7 @@
 
 #include "launch_fixture.h"
 #include "platform/dispatch/dispatch.h"
-#include "platform/host/system.h"
+#include "platform/process/process.h"
 #include "reports/report_file.h"
 #include "reports/report_text.h"
 

@@ -41,9 +41,4 @@ struct Pipe {
   static std::optional<Pipe> open();
 };
 
-/// Gives each closed one of the descriptors 0, 1 and 2 a placeholder, so that no file, pipe or
-/// socket of ours ever becomes somebody's standard stream. The placeholders close on exec: what
-/// was closed for the launcher is closed for its children. Call first thing in the process.
-void occupyClosedStandardStreams();
-
 }  // namespace quillon::platform

@@ -15,8 +15,8 @@
 #include "platform/files/descriptor.h"
 #include "platform/files/files.h"
 #include "platform/files/interrupted_call.h"
-#include "platform/host/system.h"
-#include "platform/process/signal_override.h"
+#include "platform/process/process.h"
+#include "platform/process/signals.h"
 
 namespace quillon::platform {
 namespace {

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "platform/files/tree_walk.h"
-#include "platform/host/system.h"
+#include "platform/host/host.h"
 
 namespace quillon::platform {
 namespace {

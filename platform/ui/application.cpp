@@ -3,8 +3,8 @@
 #include <cstdlib>
 
 #include "platform/dispatch/dispatch.h"
-#include "platform/host/system.h"
-#include "platform/process/signal_dispositions.h"
+#include "platform/process/process.h"
+#include "platform/process/signals.h"
 #include "platform/ui/display.h"
 #include "platform/ui/module.h"
 

@@ -1,14 +1,15 @@
 // Tries to break the launcher, prints what went wrong and how much was tried.
 //
-// usage: torture surroundings|faults|deaths|load passthrough|windowed [COUNT]
+// usage: torture surroundings|faults|deaths|signals|load passthrough|windowed [COUNT]
 //        torture proxies passthrough [1]
 //
-// COUNT says how many errors each call fails with, launches are killed, or launches run eight at a
-// time. With 1 the proxies are all there are, without it a share. Windowed launches need the
-// environment of scripts/with-peers.
+// COUNT says how many errors each call fails with, launches are killed or get signals, or launches
+// run eight at a time. With 1 the proxies are all there are, without it a share. Windowed launches
+// need the environment of scripts/with-peers.
 
 #include <sys/prctl.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstring>
@@ -124,8 +125,40 @@ int runLoad(const std::string& proxy, int count, Tally tally) {
   return tally.finish();
 }
 
+/// Sends nine termination signals at random moments around the life of a curl that would otherwise
+/// wait ten seconds. The launcher must die of one, and curl with it.
+int runSignals(const std::string& proxy, int count, Tally tally) {
+  using Clock = std::chrono::steady_clock;
+  constexpr std::array signals{SIGTERM, SIGINT, SIGHUP};
+  constexpr std::chrono::seconds longest{3};
+  Trial trial(proxy);
+  trial.launch.environment.push_back(std::string("LD_PRELOAD=") + FAULT_SHIM);  // no pauses
+  std::mt19937 random(20261123);
+  std::uniform_int_distribution<int> firstMoment(0, 30000);
+  std::uniform_int_distribution<int> delay(0, 5000);
+  for (int i = 0; i < count; ++i) {
+    std::array<int, 9> moments{};
+    const int first = firstMoment(random);
+    for (int& each : moments) each = first + delay(random);
+    std::sort(moments.begin(), moments.end());
+    const auto start = Clock::now();
+    const pid_t launcher = trial.start();
+    for (const int microseconds : moments) {
+      std::this_thread::sleep_until(start + std::chrono::microseconds(microseconds));
+      ::kill(launcher, signals.at(random() % signals.size()));
+    }
+    const int status = waitForAll(launcher);
+    Strings wrong = trial.wrongFiles(true);
+    if (Clock::now() - start > longest) wrong.emplace_back("the launcher or curl lives on");
+    if (status != -1) wrong.push_back("exit status " + std::to_string(status));
+    tally.add("signals " + std::to_string(i), wrong);
+  }
+  return tally.finish();
+}
+
 int run(const std::string& kind, const std::string& mode, int count) {
-  const char* proxy = mode == "windowed" ? std::getenv("QUILLON_PROXY") : "";
+  const char* variable = kind == "signals" ? "QUILLON_SILENT_PROXY" : "QUILLON_PROXY";
+  const char* proxy = mode == "windowed" ? std::getenv(variable) : "";
   if (proxy == nullptr) return 2;
   const bool onScreen = mode == "windowed" && std::getenv("DISPLAY") != nullptr;
   Tally tally(kind + ", " + mode + (onScreen ? " on a screen" : ""));
@@ -138,6 +171,7 @@ int run(const std::string& kind, const std::string& mode, int count) {
   if (kind == "proxies") return runProxies(count > 0, tally);
   if (kind == "faults") return runFaults(proxy, count, tally);
   if (kind == "deaths") return runDeaths(proxy, count, tally);
+  if (kind == "signals") return runSignals(proxy, count, tally);
   if (kind == "load") return runLoad(proxy, count, tally);
   return 2;
 }

@@ -2,10 +2,7 @@
 #include <sys/sysinfo.h>
 #include <unistd.h>
 
-#include <cstring>
-
-#include "platform/host/system.h"
-#include "platform/host/user_database.h"
+#include "platform/host/host.h"
 #include "platform/process/environment.h"
 
 namespace quillon::platform {
@@ -27,10 +24,6 @@ Path homeFolder() {
   const auto home = startEnvironment().value("HOME");
   if (home && !home->empty()) return *home;
   return homeFolderOf(::getuid()).value_or("/");
-}
-
-std::string errorText(int errorNumber) {
-  return std::strerror(errorNumber);  // For any thread since glibc 2.32.
 }
 
 }  // namespace quillon::platform

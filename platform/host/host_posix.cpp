@@ -1,8 +1,8 @@
-#include "platform/host/user_database.h"
-
 #include <pwd.h>
 
 #include <array>
+
+#include "platform/host/host.h"
 
 namespace quillon::platform {
 

@@ -1,11 +1,7 @@
 #include <sys/sysctl.h>
 #include <unistd.h>
 
-#include <array>
-#include <cstring>
-
-#include "platform/host/system.h"
-#include "platform/host/user_database.h"
+#include "platform/host/host.h"
 #include "platform/process/environment.h"
 
 namespace quillon::platform {
@@ -38,12 +34,6 @@ Path homeFolder() {
   if (const auto home = homeFolderOf(effectiveUser != 0 ? effectiveUser : ::getuid())) return *home;
   const auto home = startEnvironment().value("HOME");
   return home && !home->empty() ? *home : "/";
-}
-
-std::string errorText(int errorNumber) {
-  std::array<char, 256> text{};
-  (void)::strerror_r(errorNumber, text.data(), text.size());  // Cut, not missing, when too long.
-  return text.data();
 }
 
 }  // namespace quillon::platform

@@ -1,9 +1,17 @@
 #include "platform/process/environment.h"
-#include "platform/process/new_session.h"
-#include "platform/process/signal_dispositions.h"
-#include "platform/process/spawn_parts.h"
+#include "platform/process/signals.h"
+#include "platform/process/spawn.h"
 
 namespace quillon::platform {
+
+std::vector<char*> pointersTo(const std::vector<std::string>& strings) {
+  std::vector<char*> pointers;
+  pointers.reserve(strings.size() + 1);
+  // The exec family takes char* for historical reasons and does not write to the strings (POSIX).
+  for (const std::string& string : strings) pointers.push_back(const_cast<char*>(string.c_str()));
+  pointers.push_back(nullptr);
+  return pointers;
+}
 
 int spawnInNewSession(const Path& executable, const std::vector<std::string>& argumentVector) {
   restoreSignalDispositions();

@@ -2,7 +2,7 @@
 #include <unistd.h>
 
 #include "platform/files/pipe_mac.h"
-#include "platform/process/spawn_parts.h"
+#include "platform/process/spawn.h"
 
 namespace quillon::platform {
 

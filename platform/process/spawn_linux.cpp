@@ -1,6 +1,6 @@
 #include <unistd.h>
 
-#include "platform/process/spawn_parts.h"
+#include "platform/process/spawn.h"
 
 namespace quillon::platform {
 

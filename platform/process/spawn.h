@@ -9,8 +9,8 @@
 #include "platform/files/descriptor.h"
 #include "platform/files/path.h"
 
-/// What posix_spawn is given, with owners. Every function that returns an int returns an errno
-/// value. Any thread.
+/// Starting processes, with owners for what posix_spawn takes. Every function that returns an int
+/// returns an errno value. Any thread unless it says otherwise.
 namespace quillon::platform {
 
 class SpawnFileActions {
@@ -53,12 +53,12 @@ class SpawnAttributes {
   short flags_ = 0;
 };
 
-/// Sees to it that the child gets its three standard streams and no other descriptor. Call when all
-/// other actions are in.
+/// Makes the child get its three standard streams and no other descriptor. Call it after all other
+/// actions have been added.
 [[nodiscard]] int keepOnlyStandardStreams(SpawnFileActions& actions, SpawnAttributes& attributes);
 
-/// posix_spawn itself; `actions` may be null. No pipe that another thread is making gets into the
-/// child.
+/// Calls posix_spawn; `actions` may be null. The child gets no pipe that another thread is just
+/// opening.
 [[nodiscard]] int spawn(pid_t& id, const Path& executable,
                         const posix_spawn_file_actions_t* actions,
                         const SpawnAttributes& attributes, char* const* argumentVector,
@@ -67,5 +67,13 @@ class SpawnAttributes {
 /// An argument or environment vector as the exec family takes it, ending with a null pointer. It
 /// points into `strings`.
 [[nodiscard]] std::vector<char*> pointersTo(const std::vector<std::string>& strings);
+
+/// Starts a process as the leader of a new session. Nothing waits for it: it outlives this process.
+/// It inherits every descriptor that does not close on exec, the signal mask and dispositions as
+/// the launcher received them (except the two signals that the C library reserves), and the start
+/// environment. `argumentVector` starts with argument zero; a string ends at its first NUL. Main
+/// thread.
+[[nodiscard]] int spawnInNewSession(const Path& executable,
+                                    const std::vector<std::string>& argumentVector);
 
 }  // namespace quillon::platform
