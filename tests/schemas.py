@@ -9,8 +9,8 @@ except ImportError:
 root = pathlib.Path(__file__).parents[1]
 schemas = {path.name.split(".")[0]: json.loads(path.read_text())
            for path in (root / "docs/schemas").glob("*.schema.json")}
-readme = (root / "README.md").read_text()
-sample = json.loads(re.search(r"```json\n(.*?)```", readme, re.S)[1])
+page = (root / "docs/overlay.md").read_text()
+sample = json.loads(re.search(r"```json\n(.*?)```", page, re.S)[1])
 demo = re.search(r"<<JSON\n(.*?)\nJSON", (root / "scripts/demo-launch").read_text(), re.S)[1]
 profiles = json.loads((root / "resources/quillon-webgl-profiles.json").read_text())
 unseen = {name: value for name, value in os.environ.items() if "DISPLAY" not in name}
@@ -50,9 +50,9 @@ for name, schema in schemas.items():
         jsonschema.Draft202012Validator(schema).validate(value)
     assert not (missed := [value for value in bad[name] if jsonschema.Draft202012Validator(schema).is_valid(value)]), missed
 properties = schemas["overlay"]["properties"]
-first_column = " ".join(re.findall(r"^\| (`.*?) \|", readme.split("| key |")[1].split("\n\n")[0], re.M))
+first_column = " ".join(re.findall(r"^\| (`.*?) \|", page.split("| key |")[1].split("\n\n")[0], re.M))
 kinds = {kind for code in root.glob("profile/*.cpp") for kind in re.findall(r'\{"(\w+)", \{', code.read_text())}
-assert properties.keys() == set(re.findall("`(.*?)`", first_column)), "the README's table has other keys"
+assert properties.keys() == set(re.findall("`(.*?)`", first_column)), "docs/overlay.md has other keys"
 for code in root.glob("overlay/*key*.cpp"):
     literals = set(re.findall(r'"([a-z]+(?:-[a-z]+)*)"', code.read_text()))
     assert properties.keys() == literals - {"block", "fallback", "true"}, f"{code} has other keys"
