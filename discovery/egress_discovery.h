@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/files/path.h"
+#include "platform/core/path.h"
 #include "platform/process/child_process.h"
 
 /// One attempt to learn the address that a proxy exits from. Any thread.

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "engine/override_switches.h"
-#include "platform/files/path.h"
+#include "platform/core/path.h"
 
 namespace quillon {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/files/path.h"
+#include "platform/core/path.h"
 
 namespace quillon {
 

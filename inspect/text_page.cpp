@@ -7,7 +7,7 @@
 #include "inspect/curl_statuses.h"
 #include "inspect/findings.h"
 #include "inspect/switch_origins.h"
-#include "platform/files/tree_size.h"
+#include "platform/probe/tree_size.h"
 
 namespace quillon {
 namespace {

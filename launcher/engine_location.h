@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/files/path.h"
+#include "platform/core/path.h"
 
 namespace quillon {
 

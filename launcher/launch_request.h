@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "overlay/overlay_keys.h"
-#include "platform/files/path.h"
+#include "platform/core/path.h"
 
 namespace quillon {
 

@@ -5,8 +5,8 @@
 
 #include "launcher/launch_request.h"
 #include "overlay/webgl_catalogue.h"
+#include "platform/core/path.h"
 #include "platform/files/bundle.h"
-#include "platform/files/path.h"
 
 namespace quillon {
 

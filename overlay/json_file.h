@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "platform/files/path.h"
+#include "platform/core/path.h"
 #include "platform/text/json.h"
 
 namespace quillon {

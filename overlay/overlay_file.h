@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/files/path.h"
+#include "platform/core/path.h"
 #include "platform/text/json.h"
 
 /// Where a profile's persona overlay lies and how it is read. Any thread.

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/files/path.h"
+#include "platform/core/path.h"
 #include "platform/text/json.h"
 
 namespace quillon {

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/files/path.h"
+#include "platform/core/path.h"
 
 /// Where report files lie and how one is replaced. No shared state; any thread.
 namespace quillon {

@@ -13,7 +13,7 @@
 #include "discovery/egress_discovery.h"
 #include "engine/override_switches.h"
 #include "launch_table.h"
-#include "platform/files/descriptor.h"
+#include "platform/core/descriptor.h"
 #include "platform/files/file_replacement.h"
 #include "platform/files/files.h"
 #include "platform/process/child_process.h"

@@ -11,8 +11,8 @@
 #include <thread>
 
 #include "launch_fixture.h"
+#include "platform/core/descriptor.h"
 #include "platform/dispatch/dispatch.h"
-#include "platform/files/descriptor.h"
 #include "platform/files/files.h"
 #include "platform/process/child_process.h"
 #include "platform/process/process.h"

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-#include "platform/files/path.h"
+#include "platform/core/path.h"
 
 namespace quillon::platform {
 

@@ -8,8 +8,8 @@
 #include <cerrno>
 #include <climits>
 
+#include "platform/core/descriptor.h"
 #include "platform/files/bundle.h"
-#include "platform/files/descriptor.h"
 
 namespace quillon::platform {
 namespace {

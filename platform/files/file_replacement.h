@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/files/path.h"
+#include "platform/core/path.h"
 
 namespace quillon::platform {
 

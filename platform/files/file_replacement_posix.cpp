@@ -12,9 +12,9 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/files/descriptor.h"
+#include "platform/core/descriptor.h"
+#include "platform/core/interrupted_call.h"
 #include "platform/files/files.h"
-#include "platform/files/interrupted_call.h"
 #include "platform/process/process.h"
 #include "platform/process/signals.h"
 

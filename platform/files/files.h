@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/files/descriptor.h"
-#include "platform/files/path.h"
+#include "platform/core/descriptor.h"
+#include "platform/core/path.h"
 
 /// Files and folders. Failures are the return value; nothing but want of memory is thrown.
 /// Relative paths count from the current folder. No shared state: any thread.

@@ -6,8 +6,8 @@
 #include <cerrno>
 #include <new>
 
+#include "platform/core/interrupted_call.h"
 #include "platform/files/files.h"
-#include "platform/files/interrupted_call.h"
 #include "platform/files/tree_removal.h"
 
 namespace quillon::platform {

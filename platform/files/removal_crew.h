@@ -6,7 +6,7 @@
 #include <thread>
 #include <vector>
 
-#include "platform/files/descriptor.h"
+#include "platform/core/descriptor.h"
 
 namespace quillon::platform {
 

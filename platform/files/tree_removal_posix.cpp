@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/files/descriptor.h"
+#include "platform/core/descriptor.h"
 #include "platform/files/removal_crew.h"
 #include "platform/files/tree_walk.h"
 

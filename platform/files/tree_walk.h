@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/files/descriptor.h"
+#include "platform/core/descriptor.h"
 #include "platform/files/removal_crew.h"
 
 namespace quillon::platform {

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "platform/files/path.h"
+#include "platform/core/path.h"
 
 /// The machine and the user. Any thread.
 namespace quillon::platform {

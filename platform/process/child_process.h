@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/files/path.h"
+#include "platform/core/path.h"
 #include "platform/process/environment.h"
 
 /// Child processes that this process waits for.

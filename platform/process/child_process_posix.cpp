@@ -10,8 +10,8 @@
 #include <csignal>
 #include <utility>
 
-#include "platform/files/descriptor.h"
-#include "platform/files/interrupted_call.h"
+#include "platform/core/descriptor.h"
+#include "platform/core/interrupted_call.h"
 #include "platform/process/process.h"
 #include "platform/process/signals.h"
 #include "platform/process/spawn.h"
@@ -41,7 +41,9 @@ class DrainedStream {
   [[nodiscard]] const UniqueFd& writeEnd() const { return pipe_->writeEnd; }
   void closeWriteEnd() { pipe_->writeEnd.reset(); }
   /// For poll, which ignores a closed one: -1.
-  [[nodiscard]] int descriptor() const { return pipe_->readEnd.isOpen() ? pipe_->readEnd.get() : -1; }
+  [[nodiscard]] int descriptor() const {
+    return pipe_->readEnd.isOpen() ? pipe_->readEnd.get() : -1;
+  }
   [[nodiscard]] bool hasEnded() const { return !pipe_->readEnd.isOpen(); }
 
   /// Reads once, and closes the pipe at the end of the stream.

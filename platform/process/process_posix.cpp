@@ -5,7 +5,7 @@
 
 #include <csignal>
 
-#include "platform/files/descriptor.h"
+#include "platform/core/descriptor.h"
 
 namespace quillon::platform {
 namespace {

@@ -4,7 +4,7 @@
 #include <csignal>
 #include <optional>
 
-#include "platform/files/descriptor.h"
+#include "platform/core/descriptor.h"
 
 /// Signals of this process, and how its children find them.
 namespace quillon::platform {

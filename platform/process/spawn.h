@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/files/descriptor.h"
-#include "platform/files/path.h"
+#include "platform/core/descriptor.h"
+#include "platform/core/path.h"
 
 /// Starting processes, with owners for what posix_spawn takes. Every function that returns an int
 /// returns an errno value. Any thread unless it says otherwise.

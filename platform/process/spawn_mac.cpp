@@ -1,7 +1,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "platform/files/pipe_mac.h"
+#include "platform/core/pipe_mac.h"
 #include "platform/process/spawn.h"
 
 namespace quillon::platform {

@@ -6,7 +6,7 @@
 
 #include <cstdint>
 
-#include "platform/files/descriptor.h"
+#include "platform/core/descriptor.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "platform/files/descriptor.h"
+#include "platform/core/descriptor.h"
 
 namespace quillon::platform {
 

@@ -1,4 +1,4 @@
-#include "platform/files/path.h"
+#include "platform/core/path.h"
 
 #include <unistd.h>
 

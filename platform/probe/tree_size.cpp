@@ -1,4 +1,4 @@
-#include "platform/files/tree_size.h"
+#include "platform/probe/tree_size.h"
 
 #include <filesystem>
 #include <system_error>

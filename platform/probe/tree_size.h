@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/files/path.h"
+#include "platform/core/path.h"
 
 namespace quillon::platform {
 

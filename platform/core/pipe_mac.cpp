@@ -1,11 +1,11 @@
-#include "platform/files/pipe_mac.h"
+#include "platform/core/pipe_mac.h"
 
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <array>
 
-#include "platform/files/descriptor.h"
+#include "platform/core/descriptor.h"
 
 namespace quillon::platform {
 

@@ -1,4 +1,4 @@
-#include "platform/files/descriptor.h"
+#include "platform/core/descriptor.h"
 
 #include <unistd.h>
 
