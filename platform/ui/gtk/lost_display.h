@@ -2,15 +2,16 @@
 
 namespace quillon::platform::ui {
 
-/// Has the toolkit made by `connect`, and `handle` called when the connection to the display is
-/// lost later on; a window manager cuts it to close a window by force. The handler must not return:
-/// the toolkit would end the process. False when `connect` says so or the display is lost
-/// meanwhile: `connect` is then left where it is, nothing is unwound, and the toolkit, half made,
-/// must not be used. Main thread, once.
+/// Initializes the toolkit by `connect`. Returns false if `connect` does or if the display is lost
+/// while it runs: `connect` is then left by a jump without unwinding, and the partly initialized
+/// toolkit must not be used. After this function `handle` is called when the display is lost; a
+/// window manager cuts the connection to close a window by force. `handle` must not return: the
+/// toolkit would end the process. Main thread, once.
 [[nodiscard]] bool connectWithDisplay(bool (*connect)(), void (*handle)());
 
-/// For every message of the toolkit: before it ends the process for a Wayland display that is lost
-/// it says so, and nothing else does. Calls the handler if that is so.
+/// To be called for every message of the toolkit. If a Wayland display is lost, the toolkit logs a
+/// message and ends the process; there is no other notice. Calls the handler if the display is
+/// lost. Does nothing on threads other than the main thread.
 void noticeLostDisplay();
 
 }  // namespace quillon::platform::ui
