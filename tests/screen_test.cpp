@@ -24,6 +24,44 @@ namespace {
 
 using namespace std::chrono_literals;
 
+std::ptrdiff_t threadCount() {
+  return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
+}
+
+/// How many threads there are while nothing happens; none while nobody watches.
+std::ptrdiff_t quietThreadCount = 0;
+int changesBesideThreads = 0;
+
+/// Notes a change of the environment while another thread may read it. One that has answered may
+/// still be about to end.
+void noteChange() {
+  if (quietThreadCount == 0) return;
+  for (int i = 0; threadCount() > quietThreadCount; ++i) {
+    if (i == 100) ++changesBesideThreads;
+    if (i == 100) return;
+    std::this_thread::sleep_for(1ms);
+  }
+}
+
+template <class Function>
+Function* libraryFunction(const char* name) {
+  return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, name));
+}
+
+}  // namespace
+
+/// Instead of the C library's, of the module, too.
+extern "C" int setenv(const char* name, const char* value, int replaces) noexcept {
+  noteChange();
+  return libraryFunction<int(const char*, const char*, int)>("setenv")(name, value, replaces);
+}
+extern "C" int unsetenv(const char* name) noexcept {
+  if (std::getenv(name) != nullptr) noteChange();
+  return libraryFunction<int(const char*)>("unsetenv")(name);
+}
+
+namespace {
+
 /// A variable that with-screen or with-peers sets.
 std::string given(const char* name) {
   const char* value = std::getenv(name);
@@ -338,15 +376,37 @@ TEST(Screen, DisplayThatNeverAnswersHoldsALaunchUpForFiveSeconds) {
   std::filesystem::remove(socket);
 }
 
-TEST(Screen, DisplayThatDiesWhileTheToolkitConnectsIsNone) {
+/// Null for a build that is not the module's own.
+const platform::ui::Backend* loadModule(const char* build) {
+  void* const module = ::dlopen(toolkit().module, RTLD_NOW | RTLD_LOCAL);
+  EXPECT_NE(nullptr, module) << ::dlerror();
+  auto* const entryPoint = reinterpret_cast<platform::ui::BackendEntryPoint*>(
+      ::dlsym(module, platform::ui::backendEntryPoint));
+  return entryPoint(build);
+}
+
+/// Ends the process with 0 if the environment changed only while no other thread could read it.
+[[noreturn]] void connectWithSilentBus(const std::string& bus) {
+  ::setenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + bus).c_str(), 1);
+  ::setenv("DESKTOP_STARTUP_ID", "quillon", 1);
+  const platform::ui::Backend* const backend = loadModule(platform::ui::buildIdentity);
+  quietThreadCount = threadCount();
+  const bool isConnected = backend->connect({});
+  const bool isLeftBehind = threadCount() > quietThreadCount;
+  std::_Exit(isConnected && isLeftBehind ? changesBesideThreads : 100);
+}
+
+TEST(Screen, EnvironmentStaysAsItIsOnceAThreadIsLeftBehind) {
   if (given("QUILLON_TOOLKIT") == "appkit") GTEST_SKIP() << "AppKit asks the session instead.";
-  const std::string number = given("DISPLAY").substr(1);
-  const std::string socket = "/tmp/.X11-unix/X41" + number;
-  const int dying = displaySocket(socket, ::bind);
-  Launch launch(unblocked);
-  launch.environment.push_back("DISPLAY=:41" + number);
-  auto running = std::async(std::launch::async, [&launch] { return launch.run(); });
-  // The launcher itself and the toolkit: both are greeted by the real display, no more.
+  const TemporaryFolder folder;
+  const std::string bus = folder.path() / "bus";
+  displaySocket(bus, ::bind);
+  EXPECT_EXIT(connectWithSilentBus(bus), testing::ExitedWithCode(0), "");
+}
+
+/// Greets the first two clients, the module itself and the toolkit, as the real display does, and
+/// then hangs up.
+void greetTwo(int dying, const std::string& number) {
   for (int i = 0; i < 2; ++i) {
     const int client = ::accept(dying, nullptr, nullptr);
     const int display = displaySocket("/tmp/.X11-unix/X" + number, ::connect);
@@ -359,19 +419,39 @@ TEST(Screen, DisplayThatDiesWhileTheToolkitConnectsIsNone) {
     }
     ::close(client);
   }
+}
+
+/// Ends the process with 7 if the second loss leads to the application.
+[[noreturn]] void loseDisplayTwice(int dying, const std::string& number) {
+  ::setenv("DISPLAY", (":41" + number).c_str(), 1);
+  std::thread(greetTwo, dying, number).detach();
+  const auto leave = [] { std::_Exit(7); };
+  if (loadModule(platform::ui::buildIdentity)->connect({nullptr, leave})) std::_Exit(1);
+  using Handler = int (*)(void*);
+  auto* const exchange = reinterpret_cast<Handler (*)(Handler)>(
+      ::dlsym(::dlopen("libX11.so.6", RTLD_NOW), "XSetIOErrorHandler"));
+  exchange(nullptr)(nullptr);
+  std::_Exit(2);
+}
+
+TEST(Screen, DisplayThatDiesWhileTheToolkitConnectsIsNone) {
+  if (given("QUILLON_TOOLKIT") == "appkit") GTEST_SKIP() << "AppKit asks the session instead.";
+  const std::string number = given("DISPLAY").substr(1);
+  const std::string socket = "/tmp/.X11-unix/X41" + number;
+  const int dying = displaySocket(socket, ::bind);
+  Launch launch(unblocked);
+  launch.environment.push_back("DISPLAY=:41" + number);
+  auto running = std::async(std::launch::async, [&launch] { return launch.run(); });
+  greetTwo(dying, number);
   const Outcome outcome = running.get();
   EXPECT_TRUE(outcome.status == 0 && !outcome.engine.empty() && outcome.errors.empty());
+  EXPECT_EXIT(loseDisplayTwice(dying, number), testing::ExitedWithCode(7), "");
   std::filesystem::remove(socket);
 }
 
 TEST(Screen, ModuleOfAnotherBuildIsRefused) {
-  void* const module = ::dlopen(toolkit().module, RTLD_NOW | RTLD_LOCAL);
-  ASSERT_NE(nullptr, module) << ::dlerror();
-  auto* const entryPoint = reinterpret_cast<platform::ui::BackendEntryPoint*>(
-      ::dlsym(module, platform::ui::backendEntryPoint));
-  ASSERT_NE(nullptr, entryPoint);
-  EXPECT_EQ(nullptr, entryPoint("another build"));
-  EXPECT_NE(nullptr, entryPoint(platform::ui::buildIdentity));
+  EXPECT_EQ(nullptr, loadModule("another build"));
+  EXPECT_NE(nullptr, loadModule(platform::ui::buildIdentity));
 }
 
 }  // namespace

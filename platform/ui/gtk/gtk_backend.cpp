@@ -1,5 +1,6 @@
 #include <cstdlib>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "build_identity.h"
@@ -12,6 +13,7 @@
 #include "platform/ui/gtk/screen_window.h"
 #include "platform/ui/gtk/session_bus.h"
 #include "platform/ui/gtk/silenced_standard_error.h"
+#include "platform/ui/gtk/startup_notification.h"
 #include "platform/ui/shown_windows.h"
 
 namespace quillon::platform::ui {
@@ -58,13 +60,18 @@ bool connectToolkit() {
 bool initializeToolkit() {
   const SilencedStandardError silenced;
   const std::optional<Connection> display = answerOfDisplay();
+  // Without an answer a thread is left behind that may read the environment: no more changes to it.
   if (!display) return false;
-  doWithoutSilentBuses();
+  const std::string startupId = takeStartupId();
   // Nothing here is drawn by OpenGL, whose library crashes when the display dies while it looks.
   ::setenv("GDK_GL", "disable", 1);
+  // The last change: this, too, may leave a thread behind.
+  doWithoutSilentBuses();
   // Numbers and system messages look the same with and without a window.
   gtk_disable_setlocale();
-  return connectWithDisplay(connectToolkit, screen().calls.leaveFromOutside);
+  if (!connectWithDisplay(connectToolkit, screen().calls.leaveFromOutside)) return false;
+  passStartupId(startupId);
+  return true;
 }
 
 bool connect(const ApplicationCalls& calls) {

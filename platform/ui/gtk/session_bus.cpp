@@ -6,8 +6,8 @@
 
 #include <cstdlib>
 #include <memory>
+#include <optional>
 #include <string>
-#include <string_view>
 
 #include "platform/ui/gtk/asking.h"
 
@@ -16,10 +16,15 @@ namespace {
 
 constexpr const char* addressVariable = "DBUS_SESSION_BUS_ADDRESS";
 constexpr const char* accessibilityVariable = "AT_SPI_BUS_ADDRESS";
+constexpr const char* bridgeVariable = "NO_AT_BRIDGE";
 
-std::string_view variable(const char* name) {
+std::optional<std::string> variable(const char* name) {
   const char* const value = std::getenv(name);
-  return value == nullptr ? "" : value;
+  return value == nullptr ? std::nullopt : std::optional<std::string>(value);
+}
+
+void setVariable(const char* name, const std::optional<std::string>& value) {
+  value ? ::setenv(name, value->c_str(), 1) : ::unsetenv(name);
 }
 
 /// The libraries of the bus trust nobody else's.
@@ -29,11 +34,20 @@ bool isOwnSocket(const std::string& path) {
          facts.st_uid == ::geteuid();
 }
 
-/// The address that was given, or else the one where a session has its bus by convention. An
-/// address may also say to start a bus.
-bool hasSessionBus(std::string_view address, std::string_view runtimeFolder) {
-  if (!address.empty()) return address.find("autolaunch:") == std::string_view::npos;
-  return !runtimeFolder.empty() && isOwnSocket(std::string(runtimeFolder) + "/bus");
+std::string addressOfSocket(const std::string& path) {
+  const std::unique_ptr<char, decltype(&::dbus_free)> escaped(
+      ::dbus_address_escape_value(path.c_str()), ::dbus_free);
+  return escaped == nullptr ? "" : std::string("unix:path=") + escaped.get();
+}
+
+/// The address that was given, or else the one where a session has its bus by convention. Empty for
+/// none, and for an address that says to start a bus.
+std::string sessionBusAddress() {
+  const std::string given = variable(addressVariable).value_or("");
+  if (!given.empty()) return given.find("autolaunch:") == std::string::npos ? given : "";
+  const std::string runtimeFolder = variable("XDG_RUNTIME_DIR").value_or("");
+  const std::string socket = runtimeFolder + "/bus";
+  return !runtimeFolder.empty() && isOwnSocket(socket) ? addressOfSocket(socket) : "";
 }
 
 struct AccessibilityBus {
@@ -47,6 +61,14 @@ Connection owned(DBusConnection* connection) {
             ::dbus_connection_close(last);
             ::dbus_connection_unref(last);
           }};
+}
+
+/// Null unless there is a bus and it takes in a new member.
+Connection join(const std::string& address) {
+  if (address.empty()) return nullptr;
+  auto* const joined = ::dbus_connection_open_private(address.c_str(), nullptr);
+  Connection bus = owned(joined);
+  return joined != nullptr && ::dbus_bus_register(joined, nullptr) != FALSE ? bus : nullptr;
 }
 
 /// Where the session says its accessibility bus is; it may start one to say so. Empty for none.
@@ -68,39 +90,37 @@ std::string askForAddress(DBusConnection* session) {
 }
 
 /// Null unless both buses take in a new member.
-Connection joinBothBuses(const std::string& givenAddress) {
-  const Connection session = owned(::dbus_bus_get_private(DBUS_BUS_SESSION, nullptr));
+Connection joinBothBuses(const std::string& sessionAddress, const std::string& givenAddress) {
+  const Connection session = join(sessionAddress);
   if (session == nullptr) return nullptr;
-  auto* const asked = static_cast<DBusConnection*>(session.get());
   auto bus = std::make_shared<AccessibilityBus>();
-  bus->address = givenAddress.empty() ? askForAddress(asked) : givenAddress;
-  if (bus->address.empty()) return nullptr;
-  auto* const joined = ::dbus_connection_open_private(bus->address.c_str(), nullptr);
-  bus->connection = owned(joined);
-  if (joined == nullptr || !::dbus_bus_register(joined, nullptr)) return nullptr;
-  return bus;
-}
-
-/// The bus that the toolkit may join; null for none.
-Connection accessibilityBus() {
-  if (!hasSessionBus(variable(addressVariable), variable("XDG_RUNTIME_DIR"))) return nullptr;
-  return askOnThread([given = std::string(variable(accessibilityVariable))] {
-           return joinBothBuses(given);
-         })
-      .value_or(nullptr);
+  bus->address = givenAddress.empty() ? askForAddress(static_cast<DBusConnection*>(session.get()))
+                                      : givenAddress;
+  bus->connection = join(bus->address);
+  return bus->connection == nullptr ? nullptr : bus;
 }
 
 }  // namespace
 
 void doWithoutSilentBuses() {
-  if (const Connection bus = accessibilityBus()) {
-    // Else the toolkit would ask once more, and somebody else perhaps.
-    ::setenv(accessibilityVariable, static_cast<AccessibilityBus*>(bus.get())->address.c_str(), 1);
-    return;
-  }
-  // The first is for whatever asks for a bus. The bridge could still find one by the display.
-  ::setenv(addressVariable, "disabled:", 1);
-  ::setenv("NO_AT_BRIDGE", "1", 1);
+  const std::string address = sessionBusAddress();
+  const std::optional<std::string> bridge = variable(bridgeVariable);
+  // A thread that is left behind may read the environment at any time: this has to come before it
+  // starts. The first variable is for everything that asks for a bus. The bridge could still find
+  // one by the display.
+  setVariable(addressVariable, "disabled:");
+  setVariable(bridgeVariable, "1");
+  if (address.empty()) return;
+  const Connection bus =
+      askOnThread([address, given = variable(accessibilityVariable).value_or("")] {
+        return joinBothBuses(address, given);
+      }).value_or(nullptr);
+  if (bus == nullptr) return;
+  // There was an answer, so the thread is done.
+  setVariable(addressVariable, address);
+  setVariable(bridgeVariable, bridge);
+  // Else the toolkit would ask once more, and perhaps another bus.
+  setVariable(accessibilityVariable, static_cast<AccessibilityBus*>(bus.get())->address);
 }
 
 }  // namespace quillon::platform::ui
