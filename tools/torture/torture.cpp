@@ -1,11 +1,12 @@
 // Tries to break the launcher, prints what went wrong and how much was tried.
 //
-// usage: torture surroundings|faults|deaths|signals|load passthrough|windowed [COUNT]
+// usage: torture surroundings|faults|deaths|load passthrough|windowed [COUNT]
+//        torture signals|losses windowed COUNT
 //        torture proxies passthrough [1]
 //
-// COUNT says how many errors each call fails with, launches are killed or get signals, or launches
-// run eight at a time. With 1 the proxies are all there are, without it a share. Windowed launches
-// need the environment of scripts/with-peers.
+// COUNT says how many errors each call fails with, launches are killed or get signals, compositors
+// are killed, or launches run eight at a time. With 1 the proxies are all there are, without it a
+// share. Windowed launches need the environment of scripts/with-peers.
 
 #include <sys/prctl.h>
 
@@ -22,6 +23,8 @@
 
 namespace quillon::torture {
 namespace {
+
+using Clock = std::chrono::steady_clock;
 
 constexpr std::array<const char*, 24> functions{
     "open",   "openat", "read",     "write",  "close",       "stat",
@@ -60,7 +63,6 @@ int runFaults(const std::string& proxy, int count, Tally tally) {
 
 /// Kills launches at random moments; the next launch of the profile must succeed.
 int runDeaths(const std::string& proxy, int count, Tally tally) {
-  using Clock = std::chrono::steady_clock;
   const Trial trial(proxy);
   const auto start = Clock::now();
   (void)trial.run();
@@ -82,6 +84,81 @@ int runDeaths(const std::string& proxy, int count, Tally tally) {
     }
     tally.add("death " + std::to_string(i), wrong);
   }
+  return tally.finish();
+}
+
+/// A Wayland compositor that shows nothing. Its log and its socket are in the folder.
+class Compositor {
+ public:
+  explicit Compositor(const Path& folder) : socket_(folder / "compositor"), process_(::fork()) {
+    if (process_ == 0) run(folder);
+    for (int i = 0; i < 1000 && !isListening(); ++i) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+  }
+
+  [[nodiscard]] bool isListening() const { return std::filesystem::exists(socket_); }
+  [[nodiscard]] std::string display() const { return "WAYLAND_DISPLAY=" + socket_.native(); }
+  void kill() const { ::kill(process_, SIGKILL); }
+
+ private:
+  [[noreturn]] static void run(const Path& folder) {
+    ::setenv("XDG_RUNTIME_DIR", folder.c_str(), 1);
+    ::dup2(::open((folder / "log").c_str(), O_CREAT | O_WRONLY, 0600), STDERR_FILENO);
+    ::dup2(STDERR_FILENO, STDOUT_FILENO);
+    ::execlp("weston", "weston", "--no-config", "--backend=headless-backend.so",
+             "--shell=kiosk-shell.so", "--socket=compositor", nullptr);
+    ::_exit(127);
+  }
+
+  Path socket_;
+  pid_t process_;
+};
+
+/// Makes a launch on a compositor that is killed after a time. Returns what is wrong afterwards:
+/// the launch must go on unseen or end as if the user had closed its window.
+Strings wrongAfterLoss(Trial& trial, Clock::duration time) {
+  const Compositor compositor(trial.launch.home.path());
+  if (!compositor.isListening()) return {"weston does not start"};
+  trial.launch.environment.insert(trial.launch.environment.begin(), compositor.display());
+  const pid_t launcher = trial.start();
+  std::this_thread::sleep_for(time);
+  compositor.kill();
+  const int status = waitForAll(launcher);
+  Strings wrong = trial.wrongFiles();
+  const std::size_t starts = trial.engineStarts();
+  if (status != 0 || starts > 1 || (starts == 1 && !isWholeReport(trial.resultFile()))) {
+    wrong.push_back(std::to_string(starts) + " engine starts with exit status " +
+                    std::to_string(status));
+  }
+  return wrong;
+}
+
+/// How long the launcher runs if nothing is killed.
+Clock::duration launchTime(const std::string& proxy) {
+  Trial trial(proxy);
+  const Compositor compositor(trial.launch.home.path());
+  trial.launch.environment.insert(trial.launch.environment.begin(), compositor.display());
+  const auto start = Clock::now();
+  ::waitpid(trial.start(), nullptr, 0);
+  const Clock::duration time = Clock::now() - start;
+  compositor.kill();
+  (void)waitForAll(0);
+  return time;
+}
+
+/// Kills the compositor at evenly distributed moments of the first half of a launch, in which the
+/// toolkit connects and the window appears.
+int runLosses(const std::string& proxy, int count, Tally tally) {
+  const Clock::duration half = launchTime(proxy) / 2;
+  std::size_t unseen = 0;
+  for (int i = 0; i < count; ++i) {
+    Trial trial(proxy);
+    tally.add("loss " + std::to_string(i), wrongAfterLoss(trial, half * i / count));
+    unseen += trial.engineStarts();
+  }
+  std::printf("%zu launches went on\n", unseen);
+  if (unseen == static_cast<std::size_t>(count)) tally.add("all", {"no window was closed"});
   return tally.finish();
 }
 
@@ -128,7 +205,6 @@ int runLoad(const std::string& proxy, int count, Tally tally) {
 /// Sends nine termination signals at random moments around the life of a curl that would otherwise
 /// wait ten seconds. The launcher must die of one, and curl with it.
 int runSignals(const std::string& proxy, int count, Tally tally) {
-  using Clock = std::chrono::steady_clock;
   constexpr std::array signals{SIGTERM, SIGINT, SIGHUP};
   constexpr std::chrono::seconds longest{3};
   Trial trial(proxy);
@@ -160,8 +236,10 @@ int run(const std::string& kind, const std::string& mode, int count) {
   const char* variable = kind == "signals" ? "QUILLON_SILENT_PROXY" : "QUILLON_PROXY";
   const char* proxy = mode == "windowed" ? std::getenv(variable) : "";
   if (proxy == nullptr) return 2;
-  const bool onScreen = mode == "windowed" && std::getenv("DISPLAY") != nullptr;
-  Tally tally(kind + ", " + mode + (onScreen ? " on a screen" : ""));
+  const bool isWindowed = mode == "windowed";
+  const bool onScreen = isWindowed && std::getenv("DISPLAY") != nullptr;
+  const bool onWayland = isWindowed && std::getenv("WAYLAND_DISPLAY") != nullptr;
+  Tally tally(kind + ", " + mode + (onScreen ? " on a screen" : onWayland ? " on Wayland" : ""));
   // Orphans of launchers become children of this process.
   ::prctl(PR_SET_CHILD_SUBREAPER, 1);
   struct sigaction interrupt = {};
@@ -172,6 +250,7 @@ int run(const std::string& kind, const std::string& mode, int count) {
   if (kind == "faults") return runFaults(proxy, count, tally);
   if (kind == "deaths") return runDeaths(proxy, count, tally);
   if (kind == "signals") return runSignals(proxy, count, tally);
+  if (kind == "losses") return runLosses(proxy, count, tally);
   if (kind == "load") return runLoad(proxy, count, tally);
   return 2;
 }

@@ -54,7 +54,9 @@ class Trial {
                     ? "}"
                     : R"(, "auto-geo": 1, "auto-lang": 1, "proxy-server": ")" + proxy + "\"}")) {
     launch.environment.push_back("ENGINE_LOG=" + (launch.home.path() / "engine-log").native());
-    for (const char* name : {"DISPLAY", "NO_AT_BRIDGE"}) {
+    // Without it the toolkit does not connect with a Wayland display.
+    launch.environment.push_back("XDG_RUNTIME_DIR=" + launch.home.path().native());
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "NO_AT_BRIDGE"}) {
       const char* value = std::getenv(name);
       if (value != nullptr) launch.environment.push_back(std::string(name) + "=" + value);
     }
