@@ -51,9 +51,9 @@ Function* libraryFunction(const char* name) {
 }  // namespace
 
 /// Instead of the C library's, of the module, too.
-extern "C" int setenv(const char* name, const char* value, int replaces) noexcept {
+extern "C" int setenv(const char* name, const char* value, int replace) noexcept {
   noteChange();
-  return libraryFunction<int(const char*, const char*, int)>("setenv")(name, value, replaces);
+  return libraryFunction<int(const char*, const char*, int)>("setenv")(name, value, replace);
 }
 extern "C" int unsetenv(const char* name) noexcept {
   if (std::getenv(name) != nullptr) noteChange();
