@@ -1,6 +1,7 @@
 #include "splash/splash_window.h"
 
 #include <algorithm>
+#include <array>
 #include <cassert>
 #include <utility>
 
@@ -23,16 +24,19 @@ constexpr double firstRowY = 148;
 constexpr double rowDistance = 24;
 constexpr double lineHeight = 20;
 
-/// How a state of a step looks.
+/// How a state of a step looks. Not every font has the hourglass, and some lack the other glyphs:
+/// the last substitute is in every font.
 struct StepLook {
   const char* glyph = "";
+  std::array<const char*, 3> substitutes;
   ui::Color glyphColor;
   ui::Color statusColor;
 };
 
-constexpr StepLook pendingLook{"\u23F3", colors::amber, colors::dimText};
-constexpr StepLook doneLook{"\u2713", colors::green, colors::dimText};
-constexpr StepLook failedLook{"\u00D7", colors::red, colors::red};
+constexpr StepLook pendingLook{
+    "\u23F3", {"\u25CB", "\u2026", "..."}, colors::amber, colors::dimText};
+constexpr StepLook doneLook{"\u2713", {"\u2714", "\u221A", "+"}, colors::green, colors::dimText};
+constexpr StepLook failedLook{"\u00D7", {"\u2715", "\u2A2F", "x"}, colors::red, colors::red};
 
 const StepLook& lookOf(const SplashStep& step) {
   if (step.failed) return failedLook;
@@ -82,6 +86,7 @@ void SplashWindow::addTexts(double extraHeight) {
 
 void SplashWindow::addRow(const SplashStep& step, double y) {
   ui::Label& glyph = window.addLabel({.text = pendingLook.glyph,
+                                      .substitutes = pendingLook.substitutes,
                                       .font = systemFont(14, Weight::semibold),
                                       .color = pendingLook.glyphColor,
                                       .frame = {14, y, 24, lineHeight},
@@ -117,6 +122,7 @@ void SplashWindow::refreshRows() {
     const SplashStep& step = steps[i];
     const StepLook& look = lookOf(step);
     rows[i].glyph.text = look.glyph;
+    rows[i].glyph.substitutes = look.substitutes;
     rows[i].glyph.color = look.glyphColor;
     rows[i].label.text = step.label;
     rows[i].status.text = step.status;

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <span>
 #include <string>
 #include <utility>
 
@@ -49,6 +50,9 @@ enum class LineBreakMode { clip, truncateMiddle };
 struct Label {
   /// UTF-8, never read as markup.
   std::string text;
+  /// Texts with the same meaning. A backend whose fonts lack a character of `text` shows the first
+  /// one that they have. Must live as long as the label.
+  std::span<const char* const> substitutes;
   Font font;
   Color color;
   Rect frame;

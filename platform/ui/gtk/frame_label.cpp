@@ -1,7 +1,5 @@
 #include "platform/ui/gtk/frame_label.h"
 
-#include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "platform/ui/display_text.h"
@@ -100,27 +98,8 @@ float horizontalPlace(Alignment alignment) {
   return 0;
 }
 
-/// A sign that stands alone in a label, and what says the same, down to what every font has.
-struct StandIns {
-  std::string_view sign;
-  std::array<const char*, 3> others;
-};
-constexpr std::array<StandIns, 3> standIns{{{"\u23F3", {"\u25CB", "\u2026", "..."}},
-                                            {"\u2713", {"\u2714", "\u221A", "+"}},
-                                            {"\u00D7", {"\u2715", "\u2A2F", "x"}}}};
-
 bool fontsHaveTextOf(GtkLabel* label) {
   return pango_layout_get_unknown_glyphs_count(gtk_label_get_layout(label)) == 0;
-}
-
-/// Instead of a box with the sign's number.
-void replaceUnknownSign(GtkLabel* label, std::string_view sign) {
-  const auto* const known = std::ranges::find(standIns, sign, &StandIns::sign);
-  if (known == standIns.end() || fontsHaveTextOf(label)) return;
-  for (const char* other : known->others) {
-    gtk_label_set_text(label, other);
-    if (fontsHaveTextOf(label)) return;
-  }
 }
 
 }  // namespace
@@ -136,14 +115,18 @@ GtkWidget* makeFrameLabel(const Label& label) {
   if (label.lineBreakMode == LineBreakMode::truncateMiddle) {
     gtk_label_set_ellipsize(text, PANGO_ELLIPSIZE_MIDDLE);
   }
-  setFrameLabelText(widget, label.text);
+  setFrameLabelText(widget, label);
   setFrameLabelColor(widget, label.color);
   return widget;
 }
 
-void setFrameLabelText(GtkWidget* frameLabel, std::string_view text) {
-  gtk_label_set_text(GTK_LABEL(frameLabel), displayText(text).c_str());
-  replaceUnknownSign(GTK_LABEL(frameLabel), text);
+void setFrameLabelText(GtkWidget* frameLabel, const Label& label) {
+  auto* const text = GTK_LABEL(frameLabel);
+  gtk_label_set_text(text, displayText(label.text).c_str());
+  for (const char* substitute : label.substitutes) {
+    if (fontsHaveTextOf(text)) return;
+    gtk_label_set_text(text, substitute);
+  }
 }
 
 void setFrameLabelColor(GtkWidget* frameLabel, Color color) {

@@ -14,8 +14,8 @@ namespace quillon::platform::ui {
 /// the container, which gets the only (floating) reference.
 [[nodiscard]] GtkWidget* makeFrameLabel(const Label& label);
 
-/// A sign for a step's state that no font at hand has is shown by another one that says the same.
-void setFrameLabelText(GtkWidget* frameLabel, std::string_view text);
+/// Shows the label's text, or one of its substitutes if the fonts lack a character of it.
+void setFrameLabelText(GtkWidget* frameLabel, const Label& label);
 void setFrameLabelColor(GtkWidget* frameLabel, Color color);
 
 /// Makes this the source that everything is drawn with.

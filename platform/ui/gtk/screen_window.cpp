@@ -107,7 +107,7 @@ void ScreenWindow::mirror() {
   for (Mirrored& shown : mirrored_) {
     if (shown.text != shown.label.text) {
       shown.text = shown.label.text;
-      setFrameLabelText(shown.widget, shown.text);
+      setFrameLabelText(shown.widget, shown.label);
     }
     if (shown.color != shown.label.color) {
       shown.color = shown.label.color;
