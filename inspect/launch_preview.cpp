@@ -4,6 +4,7 @@
 
 #include "discovery/endpoints.h"
 #include "launcher/launch_deeds.h"
+#include "platform/probe/mount_points.h"
 #include "profile/profile_cleaning.h"
 
 namespace quillon {
@@ -40,9 +41,15 @@ LaunchPlan planOf(const LaunchPreview& preview) {
                                                 : planWindowed(request, preview.facts, outcome);
 }
 
-std::vector<platform::Path> removedBy(const LaunchPlan& plan) {
+/// What stands in the profile and is not a mount point itself.
+std::vector<platform::Path> removedBy(const LaunchPlan& plan,
+                                      const std::vector<platform::Path>& mounts) {
   auto found = findInProfile(plan.userDataDir.value_or(""), plan.removals);
   std::transform(found.begin(), found.end(), found.begin(), platform::absolutePath);
+  std::erase_if(found, [&](const platform::Path& path) {
+    const platform::Path place = platform::resolvedPath(path.folder()) / path.name();
+    return std::find(mounts.begin(), mounts.end(), place) != mounts.end();
+  });
   return found;
 }
 
@@ -90,9 +97,11 @@ LaunchPreview previewLaunch(const platform::Path& launcher,
   preview.wasDiscovered = discover && preview.outcome;
   preview.facts = gatherFacts(preview.values);
   preview.plan = planOf(preview);
-  preview.removes = removedBy(preview.plan);
-  preview.linksInTheWay =
-      findLinksInTheWay(preview.plan.userDataDir.value_or(""), preview.plan.removals);
+  const std::string userDataDir = preview.plan.userDataDir.value_or("");
+  preview.linksInTheWay = findLinksInTheWay(userDataDir, preview.plan.removals);
+  preview.mountsInTheWay =
+      findMountsInTheWay(platform::mountPoints(), userDataDir, preview.plan.removals);
+  preview.removes = removedBy(preview.plan, preview.mountsInTheWay);
   return preview;
 }
 

@@ -31,6 +31,8 @@ struct LaunchPreview {
   std::vector<platform::Path> removes;
   /// Links in the profile behind which the plan would remove something, and the launch does not.
   std::vector<platform::Path> linksInTheWay;
+  /// Mount points in the profile: what the plan would remove in them, the launch does not.
+  std::vector<platform::Path> mountsInTheWay;
 
   /// Whether nothing in the plan is unknown.
   [[nodiscard]] bool isComplete() const { return !values.needsWindow || outcome.has_value(); }

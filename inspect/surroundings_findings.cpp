@@ -131,12 +131,23 @@ Findings linksInTheWay(const LaunchPreview& preview) {
   return findings;
 }
 
+Findings mountsInTheWay(const LaunchPreview& preview) {
+  Findings findings;
+  for (const platform::Path& mount : preview.mountsInTheWay) {
+    findings.push_back({Level::warning, "",
+                        mount.text() +
+                            ": is a mount point: the launch removes nothing in it, and what stays "
+                            "may tell sites who the user was. Unmount it, or empty it yourself."});
+  }
+  return findings;
+}
+
 }  // namespace
 
 Findings surroundingsFindings(const LaunchPreview& preview) {
-  constexpr std::array<Check, 9> checks{missingEngine,  tooLongForTheEngine, tooLongForCurl,
-                                        missingCurl,    curlConfiguration,   reservedHosts,
-                                        unusableFolder, runningBrowser,      linksInTheWay};
+  constexpr std::array<Check, 10> checks{
+      missingEngine, tooLongForTheEngine, tooLongForCurl, missingCurl,   curlConfiguration,
+      reservedHosts, unusableFolder,      runningBrowser, linksInTheWay, mountsInTheWay};
   return findWith(checks, preview);
 }
 

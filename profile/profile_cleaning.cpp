@@ -1,81 +1,81 @@
 #include "profile/profile_cleaning.h"
 
 #include <algorithm>
-#include <array>
+#include <new>
 
 #include "platform/files/files.h"
 
 namespace quillon {
 namespace {
 
-using platform::Folder;
+using platform::Path;
 
-/// A folder that items count from, and whether it may be a link.
-struct BaseFolder {
-  platform::Path path;
-  Folder::LastLink lastLink = Folder::LastLink::refuse;
-  ProfileItem::Base base = ProfileItem::Base::root;
-};
-
-std::array<BaseFolder, 2> baseFolders(const std::string& userDataDir) {
-  const platform::Path root(userDataDir);
-  return {{{root, Folder::LastLink::follow, ProfileItem::Base::root},
-           {root / "Default", Folder::LastLink::refuse, ProfileItem::Base::defaultProfile}}};
-}
-
-std::vector<std::string_view> pathsBelow(const BaseFolder& folder, const ProfileItems& items) {
-  std::vector<std::string_view> paths;
+/// Relative to the profile folder.
+std::vector<std::string> pathsOf(const ProfileItems& items) {
+  std::vector<std::string> paths;
   for (const ProfileItem& item : items) {
-    if (item.base == folder.base) paths.push_back(item.path);
+    const bool isInDefault = item.base == ProfileItem::Base::defaultProfile;
+    paths.push_back((isInDefault ? "Default/" : "") + std::string(item.path));
   }
   return paths;
 }
 
-/// The items of each base whose folder can be opened, given to `use`; nothing for no profile.
-template <class Use>
-void withOpenFolders(const std::string& userDataDir, const ProfileItems& items, Use use) {
-  if (userDataDir.empty()) return;
-  for (const BaseFolder& folder : baseFolders(userDataDir)) {
-    const auto paths = pathsBelow(folder, items);
-    if (paths.empty()) continue;
-    if (const auto open = Folder::open(folder.path, folder.lastLink)) use(folder, *open, paths);
-  }
+bool isAtOrBelow(const Path& path, const Path& folder) {
+  return (path.text() + '/').starts_with(folder.text() + '/');
+}
+
+template <class Range, class Value>
+bool contains(const Range& range, const Value& value) {
+  return std::find(range.begin(), range.end(), value) != range.end();
 }
 
 }  // namespace
 
 void removeFromProfile(const std::string& userDataDir, const ProfileItems& items) {
-  withOpenFolders(userDataDir, items,
-                  [](const BaseFolder&, const Folder& open,
-                     const std::vector<std::string_view>& paths) { open.removeItems(paths); });
+  try {
+    if (const auto profile = platform::Folder::open(userDataDir)) {
+      profile->removeItems(pathsOf(items));
+    }
+  } catch (const std::bad_alloc&) {
+    // The items stay.
+  }
 }
 
-std::vector<platform::Path> findInProfile(const std::string& userDataDir,
-                                          const ProfileItems& items) {
-  std::vector<platform::Path> found;
-  withOpenFolders(userDataDir, items,
-                  [&](const BaseFolder& folder, const Folder& open,
-                      const std::vector<std::string_view>& paths) {
-                    for (const std::string_view path : paths) {
-                      if (open.holds(path)) found.push_back(folder.path / path);
-                    }
-                  });
+std::vector<Path> findInProfile(const std::string& userDataDir, const ProfileItems& items) {
+  std::vector<Path> found;
+  const auto profile = platform::Folder::open(userDataDir);
+  if (!profile) return found;
+  for (const std::string& path : pathsOf(items)) {
+    if (profile->holds(path)) found.push_back(Path(userDataDir) / path);
+  }
   return found;
 }
 
-std::vector<platform::Path> findLinksInTheWay(const std::string& userDataDir,
-                                              const ProfileItems& items) {
-  std::vector<platform::Path> links;
-  for (const BaseFolder& base : baseFolders(userDataDir)) {
-    for (const std::string_view path : pathsBelow(base, items)) {
-      platform::Path folder = (base.path / path).folder();
-      for (; folder.text().size() > userDataDir.size(); folder = folder.folder()) {
-        const bool isNew = std::find(links.begin(), links.end(), folder) == links.end();
-        if (isNew && platform::isLink(folder)) links.push_back(folder);
-      }
+std::vector<Path> findLinksInTheWay(const std::string& userDataDir, const ProfileItems& items) {
+  std::vector<Path> links;
+  for (const std::string& path : pathsOf(items)) {
+    for (Path below = Path(path).folder(); !below.empty(); below = below.folder()) {
+      Path folder = Path(userDataDir) / below.text();
+      if (!contains(links, folder) && platform::isLink(folder)) links.push_back(std::move(folder));
     }
   }
   return links;
+}
+
+std::vector<Path> findMountsInTheWay(const std::vector<Path>& mountPoints,
+                                     const std::string& userDataDir, const ProfileItems& items) {
+  std::vector<Path> found;
+  const Path profile = platform::resolvedPath(userDataDir);
+  const auto paths = pathsOf(items);
+  for (const Path& mount : mountPoints) {
+    if (mount == profile || !isAtOrBelow(mount, profile) || contains(found, mount)) continue;
+    const bool isInTheWay = std::any_of(paths.begin(), paths.end(), [&](const std::string& path) {
+      const Path item = profile / path;
+      return isAtOrBelow(mount, item) || isAtOrBelow(item, mount);
+    });
+    if (isInTheWay) found.push_back(mount);
+  }
+  return found;
 }
 
 }  // namespace quillon

@@ -134,6 +134,19 @@ TEST(Inspect, FindsWhatALaunchPassesOverInSilence) {
   }
 }
 
+TEST(Inspect, NamesAMountThatTheLaunchLeaves) {
+  if (std::system("unshare --mount true") != 0) GTEST_SKIP() << "a mount takes root";
+  Launch launch(R"({"granular-storage-reset":{"indexeddb":1}})");
+  launch.profile.write("Default/IndexedDB/file", "x");
+  const Path place = launch.profile.path() / "Default/IndexedDB";
+  const Json page = inspect(launch, {"/usr/bin/unshare", "--mount", "/bin/sh", "-c",
+                                     R"(mount --bind "$0" "$0" && exec "$@")", place,
+                                     INSPECT_EXECUTABLE, "--json", "--"});
+  EXPECT_EQ(Json::array(), page["removes"]);
+  const std::string message = page["findings"].at(0).value("message", "");
+  EXPECT_TRUE(message.starts_with(place.native() + ": is a mount point")) << message;
+}
+
 TEST(Inspect, ChangesNothingAndTakesAnyBytes) {
   if (!std::filesystem::exists("/usr/bin/strace")) GTEST_SKIP() << "strace is not installed";
   Launch launch(deadProxy + R"("auto-geo":1,"granular-storage-reset":{"all":1}})");

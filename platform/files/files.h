@@ -3,7 +3,6 @@
 #include <optional>
 #include <span>
 #include <string>
-#include <string_view>
 
 #include "platform/core/descriptor.h"
 #include "platform/core/path.h"
@@ -43,28 +42,27 @@ inline constexpr unsigned ownersFolderMode = 0700;
 bool createFolders(const Path& folder);
 
 /// Removes what stands at `path`, whatever it is: a folder with all below it, a link as the link
-/// it is. Goes on past what cannot be removed. True when nothing stands there afterwards, so also
-/// when nothing did.
+/// it is. Other mounts below it stay as they are. Goes on past what cannot be removed. True when
+/// nothing stands there afterwards, so also when nothing did.
 bool removeItem(const Path& path);
 
 /// An open folder that items are removed from. The path that opened it may be renamed meanwhile;
 /// the folder stays the one that was opened.
 class Folder {
  public:
-  /// Whether a link in the last place of the path leads to the folder or is refused.
-  enum class LastLink { follow, refuse };
+  /// Links are followed, and it may be a mount point. Nothing when there is no such folder or it
+  /// may not be searched; it need not be readable.
+  static std::optional<Folder> open(const Path& path);
 
-  /// Nothing when there is no such folder or it may not be read.
-  static std::optional<Folder> open(const Path& path, LastLink lastLink);
+  /// Removes the items at paths below the folder, by the rules of `removeItem`. A path that leads
+  /// through a symbolic link or into another mount is ignored. While much is to be removed, up to
+  /// seven further threads take part; they handle no signals and have ended at the return. If
+  /// memory runs out, items stay; nothing is thrown.
+  void removeItems(std::span<const std::string> relativePaths) const;
 
-  /// Removes the items at paths below the folder, by the rules of `removeItem`. No link on the way
-  /// is followed: below one, nothing counts as standing there. While much is to be removed, up to
-  /// seven further threads take part; they handle no signals and have ended at the return.
-  void removeItems(std::span<const std::string_view> relativePaths) const;
-
-  /// Whether there is anything of that path below the folder, be it a link to nothing. No link on
-  /// the way is followed.
-  [[nodiscard]] bool holds(std::string_view relativePath) const;
+  /// Whether there is anything of that path below the folder, be it a link to nothing, where
+  /// `removeItems` would look for it.
+  [[nodiscard]] bool holds(const std::string& relativePath) const;
 
  private:
   explicit Folder(UniqueFd descriptor) : descriptor_(std::move(descriptor)) {}

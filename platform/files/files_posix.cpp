@@ -8,6 +8,7 @@
 
 #include "platform/core/interrupted_call.h"
 #include "platform/files/files.h"
+#include "platform/files/open_folder.h"
 #include "platform/files/tree_removal.h"
 
 namespace quillon::platform {
@@ -92,36 +93,34 @@ bool createFolders(const Path& folder) {
 
 bool removeItem(const Path& path) {
   const Unlinked outcome = unlinkFile(AT_FDCWD, path.cText());
-  if (outcome != Unlinked::isFolder) return outcome == Unlinked::gone;
+  if (outcome != Unlinked::isFolder) return outcome != Unlinked::failed;
   const Path parent = path.folder();
-  const auto folder = Folder::open(parent.empty() ? "." : parent, Folder::LastLink::follow);
+  const auto folder = Folder::open(parent.empty() ? "." : parent);
   if (!folder) return false;
-  folder->removeItems(std::array<std::string_view, 1>{path.name()});
+  folder->removeItems(std::array<std::string, 1>{std::string(path.name())});
   struct stat status = {};
   return ::lstat(path.cText(), &status) != 0 && errno == ENOENT;
 }
 
-std::optional<Folder> Folder::open(const Path& path, LastLink lastLink) {
-  const int link = lastLink == LastLink::refuse ? O_NOFOLLOW : 0;
-  UniqueFd descriptor = openFile(path, O_RDONLY | O_DIRECTORY | link);
+std::optional<Folder> Folder::open(const Path& path) {
+  UniqueFd descriptor = openFile(path, folderFlags(FolderUse::search));
   if (!descriptor.isOpen()) return std::nullopt;
   return Folder(std::move(descriptor));
 }
 
-void Folder::removeItems(std::span<const std::string_view> relativePaths) const {
+void Folder::removeItems(std::span<const std::string> relativePaths) const {
   removeBelow(descriptor_.get(), relativePaths);
 }
 
-bool Folder::holds(std::string_view relativePath) const {
-  const std::size_t slash = relativePath.find('/');
-  const std::string name(relativePath.substr(0, slash));
-  if (slash == std::string_view::npos) {
-    struct stat status = {};
-    return ::fstatat(descriptor_.get(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
-  }
-  UniqueFd next(
-      ::openat(descriptor_.get(), name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-  return next.isOpen() && Folder(std::move(next)).holds(relativePath.substr(slash + 1));
+bool Folder::holds(const std::string& relativePath) const {
+  const Path path(relativePath);
+  const Path parent = path.folder();
+  const UniqueFd folder =
+      openFolder(descriptor_.get(), parent.empty() ? "." : parent.cText(), FolderUse::search);
+  const std::string name(path.name());
+  struct stat status = {};
+  return folder.isOpen() &&
+         ::fstatat(folder.get(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
 }  // namespace quillon::platform

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <condition_variable>
+#include <exception>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -21,10 +22,23 @@ struct RemovalShare {
 /// something to share. One that cannot be started is done without.
 class RemovalCrew {
  public:
+  /// Removes a share and what of it nobody else takes over. Throws nothing. Any thread.
+  void remove(RemovalShare share);
+
+  /// Calls `work`. If it throws, because memory or threads run out, some of the work is left.
+  template <class Work>
+  void attempt(Work work) {
+    try {
+      work();
+    } catch (const std::exception&) {
+      giveUpShare();
+    }
+  }
+
   /// Whether somebody would take a share now, from one who has removed so many entries. Any thread.
   bool wantsShare(std::size_t removedCount);
 
-  /// Never blocks on the work. Any thread.
+  /// Never blocks on the work. Throws if memory runs out. Any thread.
   void offer(RemovalShare share);
 
   /// A walk could not go on and leaves the rest of its share. Any thread.

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <csignal>
-#include <system_error>
 #include <utility>
 
 #include "platform/files/tree_walk.h"
@@ -31,6 +30,10 @@ class BlockedSignals {
 };
 
 }  // namespace
+
+void RemovalCrew::remove(RemovalShare share) {
+  attempt([&] { TreeWalk(std::move(share), *this).run(); });
+}
 
 bool RemovalCrew::wantsShare(std::size_t removedCount) {
   const std::lock_guard lock(mutex_);
@@ -66,7 +69,7 @@ void RemovalCrew::startHelper() {
   const BlockedSignals blocked;
   try {
     helpers_.emplace_back([this] { work(); });
-  } catch (const std::system_error&) {
+  } catch (const std::exception&) {
     size_ = helpers_.size() + 1;
   }
 }
@@ -78,7 +81,7 @@ void RemovalCrew::work() {
       RemovalShare share = std::move(offers_.back());
       offers_.pop_back();
       lock.unlock();
-      TreeWalk(std::move(share), *this).run();
+      remove(std::move(share));
       lock.lock();
     } else if (++idleCount_ > helpers_.size()) {
       // Everybody is idle: nobody is left who could offer more.

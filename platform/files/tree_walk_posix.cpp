@@ -1,74 +1,78 @@
-#include <dirent.h>
+#include "platform/files/tree_walk.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <iterator>
-#include <memory>
 #include <string_view>
 #include <utility>
 
+#include "platform/files/open_folder.h"
 #include "platform/files/tree_removal.h"
-#include "platform/files/tree_walk.h"
 
 namespace quillon::platform {
 namespace {
 
-using DirectoryStream = std::unique_ptr<DIR, decltype([](DIR* stream) { ::closedir(stream); })>;
+/// More names are not held for a folder at a time.
+constexpr std::size_t maxListedNames = 1000;
 
-DirectoryStream openStream(int parent, const char* name) {
-  UniqueFd folder = openFolder(parent, name);
-  DirectoryStream stream(folder.isOpen() ? ::fdopendir(folder.get()) : nullptr);
-  if (stream) (void)folder.release();
-  return stream;
-}
+/// A folder that another process fills all the time is left to it.
+constexpr int maxPasses = 30;
 
-/// Reads all names before anything is removed: removing while reading may skip entries on some
-/// file systems.
 Listing list(DIR* stream) {
   Listing listing;
-  while (const dirent* entry = ::readdir(stream)) {
+  while (listing.files.size() + listing.folders.size() < maxListedNames) {
+    const dirent* entry = ::readdir(stream);
+    if (entry == nullptr) return listing;
     const std::string_view name = entry->d_name;
     if (name == "." || name == "..") continue;
     (entry->d_type == DT_DIR ? listing.folders : listing.files).emplace_back(name);
   }
+  listing.isLast = false;
   return listing;
 }
 
 }  // namespace
 
-UniqueFd openFolder(int parent, const char* name) {
-  return UniqueFd(::openat(parent, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-}
-
-std::vector<std::string> unlinkFiles(int folder, Listing listing) {
+std::vector<std::string> unlinkFiles(int folder, Listing listing, std::size_t& removedCount) {
   for (std::string& file : listing.files) {
-    if (unlinkFile(folder, file.c_str()) == Unlinked::isFolder) {
-      listing.folders.push_back(std::move(file));
-    }
+    const Unlinked outcome = unlinkFile(folder, file.c_str());
+    if (outcome == Unlinked::isFolder) listing.folders.push_back(std::move(file));
+    if (outcome == Unlinked::gone) ++removedCount;
   }
   return std::move(listing.folders);
 }
 
 TreeWalk::TreeWalk(RemovalShare share, RemovalCrew& crew)
     : crew_(crew), current_(std::move(share.parent)) {
-  levels_.push_back({{}, {}, std::move(share.folders)});
+  levels_.push_back({{}, {}, std::move(share.folders), {}});
 }
 
 void TreeWalk::run() {
   for (;;) {
-    std::vector<std::string>& folders = levels_.back().folders;
-    if (folders.empty()) {
-      if (levels_.size() == 1) return;
-      if (ascend()) continue;
+    Level& level = levels_.back();
+    if (!level.folders.empty()) {
+      if (level.folders.size() > 1 && crew_.wantsShare(readCount_)) shareHalf(level.folders);
+      const std::string name = std::move(level.folders.back());
+      level.folders.pop_back();
+      remove(name);
+    } else if (level.rest) {
+      if (!readOn(level)) level.rest.reset();
+    } else if (levels_.size() == 1) {
+      return;
+    } else if (!ascend()) {
       crew_.giveUpShare();
       return;
     }
-    if (folders.size() > 1 && crew_.wantsShare(removedCount_)) shareHalf(folders);
-    const std::string name = std::move(folders.back());
-    folders.pop_back();
-    remove(name);
   }
+}
+
+TreeWalk::Stream TreeWalk::openStream(int parent, const char* name) {
+  UniqueFd folder = openFolder(parent, name, FolderUse::list);
+  Stream stream(folder.isOpen() ? ::fdopendir(folder.get()) : nullptr);
+  if (stream) (void)folder.release();
+  return stream;
 }
 
 std::optional<TreeWalk::FileIdentity> TreeWalk::identityOf(const UniqueFd& folder) {
@@ -78,7 +82,7 @@ std::optional<TreeWalk::FileIdentity> TreeWalk::identityOf(const UniqueFd& folde
 }
 
 void TreeWalk::shareHalf(std::vector<std::string>& folders) {
-  UniqueFd parent = openFolder(current_.get(), ".");
+  UniqueFd parent = openFolder(current_.get(), ".", FolderUse::search);
   // With no descriptor left, this walk goes on with all of them.
   if (!parent.isOpen()) return;
   const auto middle = folders.begin() + static_cast<std::ptrdiff_t>(folders.size() / 2);
@@ -88,35 +92,54 @@ void TreeWalk::shareHalf(std::vector<std::string>& folders) {
 }
 
 void TreeWalk::remove(const std::string& name) {
-  if (const DirectoryStream stream = openStream(current_.get(), name.c_str())) {
-    Listing listing = list(stream.get());
-    removedCount_ += listing.files.size() + 1;
-    std::vector<std::string> folders = unlinkFiles(::dirfd(stream.get()), std::move(listing));
-    if (!folders.empty()) {
-      descend(name, ::dirfd(stream.get()), std::move(folders));
+  if (Stream stream = openStream(current_.get(), name.c_str())) {
+    Level level{name, {}, {}, std::move(stream)};
+    const bool hasMore = readOn(level);
+    if (hasMore || !level.folders.empty()) {
+      descend(std::move(level), hasMore);
       return;
     }
   }
   // One that could not be opened may be empty all the same.
-  (void)::unlinkat(current_.get(), name.c_str(), AT_REMOVEDIR);
+  removeEmptied(name);
 }
 
-void TreeWalk::descend(const std::string& name, int folder, std::vector<std::string> folders) {
+void TreeWalk::removeEmptied(const std::string& name) {
+  if (::unlinkat(current_.get(), name.c_str(), AT_REMOVEDIR) == 0) ++levels_.back().removedCount;
+}
+
+void TreeWalk::descend(Level level, bool hasMore) {
   // Fails in a folder that may be read but not searched: there would be no way back out of it.
-  UniqueFd inside = openFolder(folder, ".");
+  UniqueFd inside = openFolder(::dirfd(level.rest.get()), ".", FolderUse::search);
   const auto parent = identityOf(current_);
   if (!inside.isOpen() || !parent) return;
-  levels_.push_back({name, *parent, std::move(folders)});
+  level.parent = *parent;
+  if (!hasMore) level.rest.reset();
+  levels_.push_back(std::move(level));
   current_ = std::move(inside);
+}
+
+bool TreeWalk::readOn(Level& level) {
+  // Removing while reading may skip names on some file systems.
+  const bool maySkip = level.removedCount > 0;
+  Listing listing = list(level.rest.get());
+  const bool isLast = listing.isLast;
+  readCount_ += listing.files.size() + 1;
+  level.folders = unlinkFiles(::dirfd(level.rest.get()), std::move(listing), level.removedCount);
+  if (!isLast) return true;
+  if (!maySkip || ++level.passCount > maxPasses) return false;
+  ::rewinddir(level.rest.get());
+  level.removedCount = 0;
+  return true;
 }
 
 bool TreeWalk::ascend() {
   const Level level = std::move(levels_.back());
   levels_.pop_back();
-  UniqueFd parent = openFolder(current_.get(), "..");
+  UniqueFd parent = openFolder(current_.get(), "..", FolderUse::search);
   if (!parent.isOpen() || identityOf(parent) != level.parent) return false;
   current_ = std::move(parent);
-  (void)::unlinkat(current_.get(), level.name.c_str(), AT_REMOVEDIR);
+  removeEmptied(level.name);
   return true;
 }
 
