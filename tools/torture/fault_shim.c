@@ -18,7 +18,7 @@
 // passes on a call of any function below.
 typedef long Word;
 typedef Word (*Function)(Word, Word, Word, Word, Word, Word);
-long syscall(long number, ...);
+Word syscall(Word a, Word b, Word c, Word d, Word e, Word f);
 
 /// What a failing call returns; a failing close has closed all the same.
 enum Failure { minus, null, number, closed };
@@ -48,7 +48,7 @@ static int isPlanned(const char* name, const void* caller) {
   if (strcmp(name, plannedFunction) != 0 || !isOurs(caller)) return 0;
   if (__atomic_add_fetch(&calls, 1, __ATOMIC_SEQ_CST) != plannedNumber) return 0;
   const int create = 0101;
-  syscall(SYS_close, syscall(SYS_openat, -100, mark, create, 0600));
+  syscall(SYS_close, syscall(SYS_openat, -100, (Word)mark, create, 0600, 0), 0, 0, 0, 0);
   return 1;
 }
 
@@ -69,6 +69,7 @@ __attribute__((always_inline)) static inline Word call(const char* name, enum Fa
 // clang-format off
 Word open(Word a, Word b, Word c) { return call("open", minus, a, b, c, 0, 0, 0); }
 Word openat(Word a, Word b, Word c, Word d) { return call("openat", minus, a, b, c, d, 0, 0); }
+Word syscall(Word a, Word b, Word c, Word d, Word e, Word f) { return call("syscall", minus, a, b, c, d, e, f); }
 Word read(Word a, Word b, Word c) { return call("read", minus, a, b, c, 0, 0, 0); }
 Word write(Word a, Word b, Word c) { return call("write", minus, a, b, c, 0, 0, 0); }
 Word close(Word a) { return call("close", closed, a, 0, 0, 0, 0, 0); }
