@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <functional>
 #include <thread>
 
 #include "discovery/egress_discovery.h"
@@ -23,6 +24,7 @@
 namespace {
 
 bool modesAreRefused = false;
+std::function<void()> afterMkdir;
 
 }  // namespace
 
@@ -32,6 +34,12 @@ bool modesAreRefused = false;
 extern "C" int fchmod(int descriptor, mode_t mode) noexcept {
   errno = EPERM;
   return modesAreRefused ? -1 : static_cast<int>(::syscall(SYS_fchmod, descriptor, mode));
+}
+
+extern "C" int mkdirat(int folder, const char* name, mode_t mode) noexcept {
+  const auto result = static_cast<int>(::syscall(SYS_mkdirat, folder, name, mode));
+  if (afterMkdir) afterMkdir();
+  return result;
 }
 
 namespace quillon::tests {
@@ -57,6 +65,20 @@ TEST(Files, ReportIsWrittenWhereModesAreRefused) {
   EXPECT_TRUE(platform::replaceFile(folder.path() / "new/file", [] { return "text"; }));
   modesAreRefused = false;
   EXPECT_EQ("text", contentOf(folder.path() / "new/file"));
+}
+
+TEST(Files, ModeIsNotSetThroughALinkInTheNewFoldersPlace) {
+  const TemporaryFolder folder;
+  folder.write("outside/file", "x");
+  std::filesystem::permissions(folder.path() / "outside", std::filesystem::perms(0755));
+  afterMkdir = [&] {
+    std::filesystem::remove(folder.path() / "new");
+    std::filesystem::create_symlink("outside", folder.path() / "new");
+  };
+  EXPECT_TRUE(platform::createFolders(folder.path() / "new"));
+  afterMkdir = nullptr;
+  EXPECT_EQ(std::filesystem::perms(0755),
+            std::filesystem::status(folder.path() / "outside").permissions());
 }
 
 TEST(Files, ReadsFilesWhoseSizeIsSaidToBeNone) {

@@ -85,10 +85,16 @@ std::optional<std::string> readFile(const Path& path) {
 
 bool createFolders(const Path& folder) {
   if (folder.empty() || isFolder(folder)) return true;
-  if (!createFolders(folder.folder())) return false;
-  // The umask may have taken away what its owner needs.
-  if (::mkdir(folder.cText(), ownersFolderMode) == 0) ::chmod(folder.cText(), ownersFolderMode);
-  return isFolder(folder);
+  const Path parent = folder.folder();
+  if (!createFolders(parent)) return false;
+  const UniqueFd opened = openFile(parent.empty() ? "." : parent, folderFlags(FolderUse::search));
+  const std::string name(folder.name());
+  // The umask may have taken away what the owner needs. A link that another process puts in the
+  // place of the new folder is not followed.
+  const bool isMade =
+      ::mkdirat(opened.get(), name.c_str(), ownersFolderMode) == 0 &&
+      ::fchmodat(opened.get(), name.c_str(), ownersFolderMode, AT_SYMLINK_NOFOLLOW) == 0;
+  return isMade || isFolder(folder);
 }
 
 bool removeItem(const Path& path) {

@@ -76,14 +76,14 @@ Word close(Word a) { return call("close", closed, a, 0, 0, 0, 0, 0); }
 Word stat(Word a, Word b) { return call("stat", minus, a, b, 0, 0, 0, 0); }
 Word fstat(Word a, Word b) { return call("fstat", minus, a, b, 0, 0, 0, 0); }
 Word lstat(Word a, Word b) { return call("lstat", minus, a, b, 0, 0, 0, 0); }
-Word chmod(Word a, Word b) { return call("chmod", minus, a, b, 0, 0, 0, 0); }
+Word fchmodat(Word a, Word b, Word c, Word d) { return call("fchmodat", minus, a, b, c, d, 0, 0); }
 Word fchmod(Word a, Word b) { return call("fchmod", minus, a, b, 0, 0, 0, 0); }
 Word access(Word a, Word b) { return call("access", minus, a, b, 0, 0, 0, 0); }
 Word readlink(Word a, Word b, Word c) { return call("readlink", minus, a, b, c, 0, 0, 0); }
 Word rename(Word a, Word b) { return call("rename", minus, a, b, 0, 0, 0, 0); }
 Word unlink(Word a) { return call("unlink", minus, a, 0, 0, 0, 0, 0); }
 Word unlinkat(Word a, Word b, Word c) { return call("unlinkat", minus, a, b, c, 0, 0, 0); }
-Word mkdir(Word a, Word b) { return call("mkdir", minus, a, b, 0, 0, 0, 0); }
+Word mkdirat(Word a, Word b, Word c) { return call("mkdirat", minus, a, b, c, 0, 0, 0); }
 Word fdopendir(Word a) { return call("fdopendir", null, a, 0, 0, 0, 0, 0); }
 Word readdir(Word a) { return call("readdir", null, a, 0, 0, 0, 0, 0); }
 Word pipe2(Word a, Word b) { return call("pipe2", minus, a, b, 0, 0, 0, 0); }

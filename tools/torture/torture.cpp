@@ -28,8 +28,8 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::array<const char*, 25> functions{
     "syscall", "open",     "openat",      "read",          "write",   "close",    "stat",
-    "fstat",   "lstat",    "chmod",       "fchmod",        "access",  "readlink", "rename",
-    "unlink",  "unlinkat", "mkdir",       "fdopendir",     "readdir", "pipe2",    "poll",
+    "fstat",   "lstat",    "fchmodat",    "fchmod",        "access",  "readlink", "rename",
+    "unlink",  "unlinkat", "mkdirat",     "fdopendir",     "readdir", "pipe2",    "poll",
     "waitpid", "waitid",   "posix_spawn", "pthread_create"};
 constexpr std::array<int, 6> errors{EIO, ENOMEM, EINTR, EMFILE, EACCES, ENOSPC};
 
