@@ -44,7 +44,7 @@ DiscoverResult readEndpointReply(std::string_view reply) {
 bool isUsableAddress(std::string_view text) {
   constexpr std::size_t shortest = 7;
   constexpr std::size_t longest = 45;
-  const std::size_t length = platform::characterCount(platform::beforeNul(text), longest + 1);
+  const std::size_t length = platform::characterCount(platform::truncatedAtNul(text), longest + 1);
   return length >= shortest && length <= longest;
 }
 

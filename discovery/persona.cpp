@@ -10,7 +10,7 @@ namespace {
 
 /// Whether a switch is left of it.
 bool isGiven(const std::string& coordinate) {
-  return !platform::beforeNul(coordinate).empty();
+  return !platform::truncatedAtNul(coordinate).empty();
 }
 
 /// All that a discovery gives, whoever asks for it. One coordinate alone is no place.

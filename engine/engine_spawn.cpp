@@ -72,7 +72,7 @@ std::vector<std::string> engineArgumentVector(const platform::Path& engineBinary
   std::vector<std::string> arguments{engineBinary.text()};
   const auto append = [&](const auto& more) {
     for (const std::string_view argument : more) {
-      arguments.emplace_back(platform::beforeNul(argument));
+      arguments.emplace_back(platform::truncatedAtNul(argument));
     }
   };
   append(originalArgs);

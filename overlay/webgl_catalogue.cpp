@@ -44,7 +44,7 @@ std::vector<std::string> switchesOfWebglProfile(const JsonObject& catalogue,
   for (const auto& [name, value] : profile->members()) {
     const std::string text = switchValueText(value);
     // A NUL will end the argument.
-    if (name.starts_with('_') || platform::beforeNul(text).empty()) continue;
+    if (name.starts_with('_') || platform::truncatedAtNul(text).empty()) continue;
     switches.push_back(std::string("--").append(name).append("=").append(text));
   }
   return switches;

@@ -104,7 +104,7 @@ std::string withoutInvalidBytes(std::string_view text) {
   return valid;
 }
 
-std::string_view beforeNul(std::string_view text) {
+std::string_view truncatedAtNul(std::string_view text) {
   return text.substr(0, text.find('\0'));
 }
 

@@ -16,7 +16,7 @@ namespace quillon::platform {
 [[nodiscard]] std::string withoutInvalidBytes(std::string_view text);
 
 /// The text up to its first NUL: what is left of it where C strings are taken.
-[[nodiscard]] std::string_view beforeNul(std::string_view text);
+[[nodiscard]] std::string_view truncatedAtNul(std::string_view text);
 
 /// The number of characters, counting no further than `limit`.
 [[nodiscard]] std::size_t characterCount(std::string_view text, std::size_t limit);
