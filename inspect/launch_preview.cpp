@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "discovery/endpoints.h"
-#include "launcher/launch_deeds.h"
+#include "launcher/launch_execution.h"
 #include "platform/probe/mount_points.h"
 #include "profile/profile_cleaning.h"
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "launcher/exit_status.h"
-#include "launcher/launch_deeds.h"
+#include "launcher/launch_execution.h"
 #include "launcher/launcher_delegate.h"
 #include "launcher/process_values.h"
 #include "platform/files/bundle.h"
@@ -31,7 +31,7 @@ int runLauncher(const std::vector<std::string>& argumentVector) {
   ProcessValues values = fixProcessValues(argumentVector, platform::executableLocation());
   if (values.needsWindow) return runWindowed(std::move(values));
   // Nothing has to be learned from the proxy: the engine starts at once.
-  carryOut(planPassthrough(values.request, gatherFacts(values)));
+  execute(planPassthrough(values.request, gatherFacts(values)));
 }
 
 }  // namespace quillon

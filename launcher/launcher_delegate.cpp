@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "launcher/exit_status.h"
-#include "launcher/launch_deeds.h"
+#include "launcher/launch_execution.h"
 #include "overlay/overlay_file.h"
 #include "platform/dispatch/dispatch.h"
 
@@ -47,7 +47,7 @@ void LauncherDelegate::runLaunchSequence() {
 void LauncherDelegate::finishLaunch(const DiscoveryOutcome& outcome) {
   splash->window.orderOut();
   const LaunchRequest& request = values.request;
-  carryOut(blocksEngine(request.overlay, outcome)
+  execute(blocksEngine(request.overlay, outcome)
                ? planBlocked(request, outcome)
                : planWindowed(request, gatherFacts(values), outcome));
 }

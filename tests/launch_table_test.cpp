@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "launcher/fatal_report.h"
-#include "launcher/launch_deeds.h"
+#include "launcher/launch_execution.h"
 #include "launcher/launcher_delegate.h"
 
 namespace quillon {
@@ -75,7 +75,7 @@ TEST(LaunchTable, EveryLaunchComesToWhatItsRowSays) {
     facts.machine = {std::uint64_t{16} << 30, 8};
     LaunchPlan plan = planPassthrough(values.request, facts);
     PlayedStage stage(row);
-    launch.prepare = [&] { carryOut(plan); };
+    launch.prepare = [&] { execute(plan); };
     EXPECT_EQ(!row.attempts.empty(), values.needsWindow) << row.name;
     if (values.needsWindow) {
       const auto outcome = playLaunchSequence(values.request, stage);

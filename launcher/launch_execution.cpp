@@ -1,4 +1,4 @@
-#include "launcher/launch_deeds.h"
+#include "launcher/launch_execution.h"
 
 #include "engine/engine_spawn.h"
 #include "launcher/fatal_report.h"
@@ -14,7 +14,7 @@ LaunchFacts gatherFacts(const ProcessValues& values) {
           webglProfileSwitches(values.request.overlay.webglProfile, values.cataloguePlaces())};
 }
 
-void carryOut(const LaunchPlan& plan) {
+void execute(const LaunchPlan& plan) {
   if (!plan.removals.empty()) removeFromProfile(*plan.userDataDir, plan.removals);
   writeResultFile(plan.userDataDir, plan.result);
   if (!plan.engineArguments.empty()) {

@@ -12,6 +12,6 @@ namespace quillon {
 /// Does what is planned: cleans the profile, writes the result file, starts the engine, and ends
 /// the process with the plan's status, or by the fatal report when the engine cannot be started.
 /// Main thread.
-[[noreturn]] void carryOut(const LaunchPlan& plan);
+[[noreturn]] void execute(const LaunchPlan& plan);
 
 }  // namespace quillon
