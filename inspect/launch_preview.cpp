@@ -91,7 +91,7 @@ LaunchPreview previewLaunch(const platform::Path& launcher,
   std::vector<std::string> argumentVector{launcher.text()};
   argumentVector.insert(argumentVector.end(), arguments.begin(), arguments.end());
   LaunchPreview preview;
-  preview.values = fixProcessValues(argumentVector, launcher);
+  preview.values = readProcessValues(argumentVector, launcher);
   preview.surroundings = lookAround(preview.values);
   preview.outcome = outcomeOf(preview, discover);
   preview.wasDiscovered = discover && preview.outcome;

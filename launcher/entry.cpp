@@ -28,7 +28,7 @@ int runWindowed(ProcessValues values) {
 }  // namespace
 
 int runLauncher(const std::vector<std::string>& argumentVector) {
-  ProcessValues values = fixProcessValues(argumentVector, platform::executableLocation());
+  ProcessValues values = readProcessValues(argumentVector, platform::executableLocation());
   if (values.needsWindow) return runWindowed(std::move(values));
   // Nothing has to be learned from the proxy: the engine starts at once.
   execute(planPassthrough(values.request, gatherFacts(values)));

@@ -6,7 +6,7 @@
 
 namespace quillon {
 
-ProcessValues fixProcessValues(const std::vector<std::string>& argumentVector,
+ProcessValues readProcessValues(const std::vector<std::string>& argumentVector,
                                const platform::Path& executable) {
   ProcessValues values;
   LaunchRequest& request = values.request;

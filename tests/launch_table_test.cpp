@@ -69,7 +69,7 @@ TEST(LaunchTable, EveryLaunchComesToWhatItsRowSays) {
     tests::TableLaunch launch(row, proxy);
     std::vector<std::string> arguments = launch.arguments;
     arguments.insert(arguments.begin(), NIMBRA_EXECUTABLE);
-    ProcessValues values = fixProcessValues(arguments, NIMBRA_EXECUTABLE);
+    ProcessValues values = readProcessValues(arguments, NIMBRA_EXECUTABLE);
     values.request.engineBinary = launch.engine;
     LaunchFacts facts = gatherFacts(values);
     facts.machine = {std::uint64_t{16} << 30, 8};
