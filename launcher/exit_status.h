@@ -15,7 +15,7 @@ enum class ExitStatus {
 };
 
 /// Ends the process at once, whatever other threads do.
-[[noreturn]] inline void leave(ExitStatus status) {
+[[noreturn]] inline void exitProcess(ExitStatus status) {
   platform::endProcess(static_cast<int>(status));
 }
 

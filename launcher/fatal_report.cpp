@@ -25,7 +25,7 @@ void reportFatalLaunchFailure(const std::string& message) {
   ui::Application& application = ui::Application::shared();
   application.setActivationPolicy(ui::ActivationPolicy::accessory);
   application.runModal(fatalAlert(message));
-  leave(ExitStatus::fatalFailure);
+  exitProcess(ExitStatus::fatalFailure);
 }
 
 }  // namespace quillon

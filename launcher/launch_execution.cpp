@@ -21,7 +21,7 @@ void execute(const LaunchPlan& plan) {
     const auto error = spawnEngine(plan.engineArguments);
     if (error) reportFatalLaunchFailure(fatalMessage(*error));
   }
-  leave(plan.exitStatus);
+  exitProcess(plan.exitStatus);
 }
 
 }  // namespace quillon

@@ -32,7 +32,7 @@ void LauncherDelegate::applicationDidFinishLaunching() {
 
 void LauncherDelegate::windowWillClose() {
   cancelled = true;
-  leave(ExitStatus::success);
+  exitProcess(ExitStatus::success);
 }
 
 void LauncherDelegate::runLaunchSequence() {
@@ -40,7 +40,7 @@ void LauncherDelegate::runLaunchSequence() {
   if (outcome) {
     platform::postToMain([this, outcome = std::move(*outcome)] { finishLaunch(outcome); });
   } else {
-    platform::postToMain([] { leave(ExitStatus::success); });
+    platform::postToMain([] { exitProcess(ExitStatus::success); });
   }
 }
 
