@@ -16,7 +16,7 @@ constinit bool hasFailed = false;
 
 /// Who cuts the connection to the screen, or has the application quit, has closed its window, be it
 /// shown yet or not, or the alert of a process that has failed.
-void leaveFromOutside() {
+void quit() {
   endProcess(hasFailed ? EXIT_FAILURE : EXIT_SUCCESS);
 }
 
@@ -25,7 +25,7 @@ const Backend& chooseBackend() {
   keepSignalDispositions();
   const Backend* module = loadBackendModule();
   const ApplicationCalls calls{.runPostedTasks = platform::runPostedTasks,
-                               .leaveFromOutside = leaveFromOutside};
+                               .quit = quit};
   if (module == nullptr || !module->connect(calls)) return headlessBackend();
   setWakeUp(module->wake);
   return *module;

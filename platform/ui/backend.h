@@ -16,7 +16,7 @@ struct ApplicationCalls {
   void (*runPostedTasks)() = nullptr;
   /// When the screen is lost, or the user or the system wants the application to quit. Ends the
   /// process: it does not return.
-  void (*leaveFromOutside)() = nullptr;
+  void (*quit)() = nullptr;
 };
 
 struct Backend {

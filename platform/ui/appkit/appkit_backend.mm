@@ -55,9 +55,9 @@ bool connect(const ApplicationCalls& calls) {
   screen().calls = calls;
   screen().delegate.reset([[QuillonApplicationDelegate alloc]
       initWithDidFinishLaunching:finishLaunching
-                 shouldTerminate:calls.leaveFromOutside]);
+                 shouldTerminate:calls.quit]);
   [[NSApplication sharedApplication] setDelegate:screen().delegate.get()];
-  setLostWindowServerHandler(calls.leaveFromOutside);
+  setLostWindowServerHandler(calls.quit);
   return true;
 }
 

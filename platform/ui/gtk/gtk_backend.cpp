@@ -69,7 +69,7 @@ bool initializeToolkit() {
   doWithoutSilentBuses();
   // Numbers and system messages look the same with and without a window.
   gtk_disable_setlocale();
-  if (!connectWithDisplay(connectToolkit, screen().calls.leaveFromOutside)) return false;
+  if (!connectWithDisplay(connectToolkit, screen().calls.quit)) return false;
   passStartupId(startupId);
   return true;
 }
