@@ -48,8 +48,8 @@ void LauncherDelegate::finishLaunch(const DiscoveryOutcome& outcome) {
   splash->window.orderOut();
   const LaunchRequest& request = values.request;
   execute(blocksEngine(request.overlay, outcome)
-               ? planBlocked(request, outcome)
-               : planWindowed(request, gatherFacts(values), outcome));
+              ? planBlocked(request, outcome)
+              : planWindowed(request, gatherFacts(values), outcome));
 }
 
 void LauncherDelegate::updateStep(std::size_t index, std::function<void(SplashStep&)> change) {

@@ -7,7 +7,7 @@
 namespace quillon {
 
 ProcessValues readProcessValues(const std::vector<std::string>& argumentVector,
-                               const platform::Path& executable) {
+                                const platform::Path& executable) {
   ProcessValues values;
   LaunchRequest& request = values.request;
   values.bundle = platform::bundleOf(executable);

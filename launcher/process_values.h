@@ -27,6 +27,6 @@ struct ProcessValues {
 /// Fixes the values from the argument vector, program path first; it may be empty. `executable` is
 /// the launcher's own. Whatever is missing or malformed has its default: this never fails.
 [[nodiscard]] ProcessValues readProcessValues(const std::vector<std::string>& argumentVector,
-                                             const platform::Path& executable);
+                                              const platform::Path& executable);
 
 }  // namespace quillon

@@ -24,8 +24,7 @@ const Backend& chooseBackend() {
   if (!mayHaveDisplay()) return headlessBackend();
   keepSignalDispositions();
   const Backend* module = loadBackendModule();
-  const ApplicationCalls calls{.runPostedTasks = platform::runPostedTasks,
-                               .quit = quit};
+  const ApplicationCalls calls{.runPostedTasks = platform::runPostedTasks, .quit = quit};
   if (module == nullptr || !module->connect(calls)) return headlessBackend();
   setWakeUp(module->wake);
   return *module;
