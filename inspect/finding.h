@@ -28,7 +28,7 @@ struct Finding {
 
 using Findings = std::vector<Finding>;
 
-/// Looks for one kind of trouble in what is known of a launch. Pure.
+/// Checks a launch for one kind of mistake. Pure.
 using Check = Findings (*)(const LaunchPreview& preview);
 
 /// What each of the checks finds, in their order.

@@ -34,7 +34,7 @@ InspectOptions readOptions(const std::vector<std::string>& argumentVector) {
         std::find_if(knownOptions.begin(), knownOptions.end(),
                      [&](const Option& option) { return option.name == *argument; });
     if (known == knownOptions.end()) {
-      options.trouble = "unknown option " + *argument + "; the launch's arguments stand behind --";
+      options.error = "unknown option " + *argument + "; the launch's arguments stand behind --";
       return options;
     }
     options.*known->field = known->value;
@@ -42,7 +42,7 @@ InspectOptions readOptions(const std::vector<std::string>& argumentVector) {
   if (dashes != argumentVector.end()) {
     options.launchArguments.assign(dashes + 1, argumentVector.end());
   } else if (!options.wantsHelp && !options.wantsVersion) {
-    options.trouble = "no -- and no arguments of a launch behind it";
+    options.error = "no -- and no arguments of a launch behind it";
   }
   return options;
 }

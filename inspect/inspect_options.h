@@ -14,8 +14,8 @@ struct InspectOptions {
   bool mayColor = true;
   /// What stands behind "--": the launch's arguments.
   std::vector<std::string> launchArguments;
-  /// What is wrong with the call; empty when nothing is.
-  std::string trouble;
+  /// What is wrong with the arguments; empty if they are correct.
+  std::string error;
 };
 
 /// Reads the arguments, program path first; there may be none. Pure.

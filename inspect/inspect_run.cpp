@@ -15,7 +15,7 @@
 namespace quillon {
 namespace {
 
-enum Status { nothingFound = 0, somethingFound = 1, calledWrongly = 2 };
+enum Status { noFindings = 0, findingsReported = 1, usageError = 2 };
 
 TextStyle styleFor(const InspectOptions& options) {
   const bool isTerminal = platform::standardOutputIsTerminal();
@@ -25,14 +25,14 @@ TextStyle styleFor(const InspectOptions& options) {
 }
 
 int statusFor(const Findings& findings) {
-  const bool hasTrouble = std::any_of(findings.begin(), findings.end(), [](const Finding& finding) {
+  const bool isReported = std::any_of(findings.begin(), findings.end(), [](const Finding& finding) {
     return finding.level != Finding::Level::note;
   });
-  return hasTrouble ? somethingFound : nothingFound;
+  return isReported ? findingsReported : noFindings;
 }
 
 int print(const std::string& text, int status) {
-  return platform::writeToStandardOutput(text) ? status : calledWrongly;
+  return platform::writeToStandardOutput(text) ? status : usageError;
 }
 
 int inspect(const InspectOptions& options) {
@@ -56,14 +56,14 @@ platform::Path launcherOf(const platform::Path& inspector) {
 
 int runInspect(const std::vector<std::string>& argumentVector) {
   const InspectOptions options = readOptions(argumentVector);
-  if (!options.trouble.empty()) {
-    platform::writeToStandardError("nimbra-inspect: " + options.trouble +
+  if (!options.error.empty()) {
+    platform::writeToStandardError("nimbra-inspect: " + options.error +
                                    "\nTry nimbra-inspect --help.\n");
-    return calledWrongly;
+    return usageError;
   }
-  if (options.wantsHelp) return print(helpPage(), nothingFound);
+  if (options.wantsHelp) return print(helpPage(), noFindings);
   if (options.wantsVersion) {
-    return print(std::string("nimbra-inspect ") + launcherVersion + "\n", nothingFound);
+    return print(std::string("nimbra-inspect ") + launcherVersion + "\n", noFindings);
   }
   return inspect(options);
 }
