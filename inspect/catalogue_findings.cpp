@@ -11,10 +11,10 @@ using Level = Finding::Level;
 
 constexpr const char* withoutSwitches = "the engine gets no WebGL switches";
 
-Finding finding(const LaunchPreview& preview, Level level, const std::string& trouble,
+Finding finding(const LaunchPreview& preview, Level level, const std::string& problem,
                 const std::string& remedy) {
   return {level, "webgl-profile",
-          inOverlay(preview, "webgl-profile") + " has no effect: " + trouble + ", so " +
+          inOverlay(preview, "webgl-profile") + " has no effect: " + problem + ", so " +
               withoutSwitches + ". " + remedy};
 }
 
@@ -47,27 +47,27 @@ Findings unusableProfile(const LaunchPreview& preview, const std::string& file,
 
 Findings catalogueFindings(const LaunchPreview& preview) {
   if (preview.values.request.overlay.webglProfile.empty()) return {};
-  const Surroundings& around = preview.surroundings;
-  if (!around.catalogueURL) {
+  const HostState& host = preview.host;
+  if (!host.catalogueURL) {
     const std::string folder = preview.values.bundle.resources.text();
     return {finding(preview, Level::error, "there is no catalogue in " + folder,
                     "Put quillon-webgl-profiles.json there.")};
   }
-  const std::string file = around.catalogueURL->text();
-  const auto& catalogue = around.catalogue.object;
+  const std::string file = host.catalogueURL->text();
+  const auto& catalogue = host.catalogue.object;
   const JsonObject* profiles = catalogue ? findWebglProfiles(*catalogue) : nullptr;
   if (profiles != nullptr) return unusableProfile(preview, file, *profiles);
-  const auto& fault = around.catalogue.fault;
-  std::string trouble = "the catalogue " + file;
-  if (around.catalogue.state != JsonFile::State::malformed) {
-    trouble += catalogue ? " has no object \"profiles\"" : " cannot be read";
+  const auto& fault = host.catalogue.fault;
+  std::string problem = "the catalogue " + file;
+  if (host.catalogue.state != JsonFile::State::malformed) {
+    problem += catalogue ? " has no object \"profiles\"" : " cannot be read";
   } else {
-    trouble += " is no JSON object";
+    problem += " is no JSON object";
     if (fault.line != 0)
-      trouble +=
+      problem +=
           " (line " + std::to_string(fault.line) + ", column " + std::to_string(fault.column) + ")";
   }
-  return {finding(preview, Level::error, trouble, "Correct it.")};
+  return {finding(preview, Level::error, problem, "Correct it.")};
 }
 
 }  // namespace quillon

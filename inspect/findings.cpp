@@ -8,7 +8,7 @@ namespace quillon {
 Findings findingsOf(const LaunchPreview& preview) {
   constexpr std::array<Check, 7> checks{
       overlayFileFindings, overlayValueFindings, overlayEffectFindings, catalogueFindings,
-      argumentFindings,    surroundingsFindings, discoveryFindings};
+      argumentFindings,    hostFindings,         discoveryFindings};
   Findings all = findWith(checks, preview);
   std::stable_sort(all.begin(), all.end(), [](const Finding& left, const Finding& right) {
     return left.level < right.level;

@@ -21,7 +21,7 @@ namespace quillon {
 /// The caller's arguments.
 [[nodiscard]] Findings argumentFindings(const LaunchPreview& preview);
 /// The engine, curl, the endpoints and the profile folder.
-[[nodiscard]] Findings surroundingsFindings(const LaunchPreview& preview);
+[[nodiscard]] Findings hostFindings(const LaunchPreview& preview);
 /// What a discovery came to.
 [[nodiscard]] Findings discoveryFindings(const LaunchPreview& preview);
 

@@ -38,7 +38,7 @@ ReportValue jsonPlace(std::size_t lineOrColumn) {
 
 JsonText jsonOverlay(const LaunchPreview& preview) {
   constexpr std::array<const char*, 4> states{"read", "missing", "unreadable", "malformed"};
-  const JsonFile& file = preview.surroundings.overlay;
+  const JsonFile& file = preview.host.overlay;
   return jsonObject({
       {"path", jsonString(platform::absolutePath(preview.values.overlayURL).text())},
       {"state", states.at(static_cast<std::size_t>(file.state))},

@@ -24,7 +24,7 @@ DiscoveryOutcome unknownOutcome(const OverlayKeys& overlay) {
 
 /// Discovers when that is wanted, or when it comes to nothing before curl is started.
 std::optional<DiscoveryOutcome> outcomeOf(const LaunchPreview& preview, bool discover) {
-  const bool startsCurl = preview.curl() && preview.surroundings.curlIsExecutable;
+  const bool startsCurl = preview.curl() && preview.host.curlIsExecutable;
   if (!preview.values.needsWindow || (startsCurl && !discover)) return std::nullopt;
   return discoverAndResolve(
       preview.values.request.overlay, [](const std::string&) {},
@@ -58,12 +58,12 @@ std::vector<platform::Path> removedBy(const LaunchPlan& plan,
 EngineStart LaunchPreview::engineStart() const {
   const std::vector<std::string>& arguments = plan.engineArguments;
   if (arguments.empty()) return EngineStart::notWanted;
-  if (!surroundings.engineIsExecutable) return EngineStart::missing;
-  const platform::ArgumentLimits& limits = surroundings.argumentLimits;
-  const bool fits =
-      platform::startBytes(arguments) + surroundings.environmentBytes <= limits.together &&
-      std::all_of(arguments.begin(), arguments.end(),
-                  [&](const std::string& text) { return text.size() < limits.oneString; });
+  if (!host.engineIsExecutable) return EngineStart::missing;
+  const platform::ArgumentLimits& limits = host.argumentLimits;
+  const bool fits = platform::startBytes(arguments) + host.environmentBytes <= limits.together &&
+                    std::all_of(arguments.begin(), arguments.end(), [&](const std::string& text) {
+                      return text.size() < limits.oneString;
+                    });
   return fits ? EngineStart::succeeds : EngineStart::tooLong;
 }
 
@@ -92,7 +92,7 @@ LaunchPreview previewLaunch(const platform::Path& launcher,
   argumentVector.insert(argumentVector.end(), arguments.begin(), arguments.end());
   LaunchPreview preview;
   preview.values = readProcessValues(argumentVector, launcher);
-  preview.surroundings = lookAround(preview.values);
+  preview.host = probeHost(preview.values);
   preview.outcome = outcomeOf(preview, discover);
   preview.wasDiscovered = discover && preview.outcome;
   preview.facts = gatherFacts(preview.values);

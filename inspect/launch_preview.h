@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "inspect/surroundings.h"
+#include "inspect/host_state.h"
 #include "launcher/launch_plan.h"
 #include "launcher/process_values.h"
 
@@ -20,7 +20,7 @@ struct LaunchPreview {
 
   ProcessValues values;
   LaunchFacts facts;
-  Surroundings surroundings;
+  HostState host;
   /// The discovery that was asked for, or one that fails before curl is started.
   std::optional<DiscoveryOutcome> outcome;
   /// Whether the discovery was asked for.

@@ -100,7 +100,7 @@ Findings halfGiven(const LaunchPreview& preview) {
 }
 
 Findings tabsThatGoAnyway(const LaunchPreview& preview) {
-  const auto& overlay = preview.surroundings.overlay.object;
+  const auto& overlay = preview.host.overlay.object;
   const bool isTurnedOff = overlay && overlay->find("close-previous-tabs") != nullptr &&
                            !overlayBool("close-previous-tabs", *overlay);
   if (!isTurnedOff || overlayOf(preview).startPage.empty()) return {};

@@ -28,7 +28,7 @@ std::string faultText(const JsonFault& fault) {
 
 Findings unusableFile(const LaunchPreview& preview) {
   const std::string file = preview.values.overlayURL.text();
-  switch (preview.surroundings.overlay.state) {
+  switch (preview.host.overlay.state) {
     case JsonFile::State::read:
       return {};
     case JsonFile::State::missing:
@@ -44,7 +44,7 @@ Findings unusableFile(const LaunchPreview& preview) {
       break;
   }
   return {{Level::error, "",
-           file + " " + faultText(preview.surroundings.overlay.fault) + "." + withoutPersona +
+           file + " " + faultText(preview.host.overlay.fault) + "." + withoutPersona +
                " Correct the file."}};
 }
 
@@ -66,7 +66,7 @@ bool isAmong(std::string_view name, const std::vector<std::string_view>& names) 
 /// The engine reads the same file, so a key that is unknown here may well be one of its own. Only
 /// one that looks like a typing error is reported, and not when the key it would be is there too.
 Findings misspeltKeys(const LaunchPreview& preview) {
-  const JsonObject& overlay = *preview.surroundings.overlay.object;
+  const JsonObject& overlay = *preview.host.overlay.object;
   const auto known = overlayKeyNames();
   Findings findings;
   for (const JsonMember& member : overlay.members()) {
@@ -82,8 +82,7 @@ Findings misspeltKeys(const LaunchPreview& preview) {
 }
 
 Findings unknownResetKeys(const LaunchPreview& preview) {
-  const auto* reset =
-      preview.surroundings.overlay.object->find<JsonObject>("granular-storage-reset");
+  const auto* reset = preview.host.overlay.object->find<JsonObject>("granular-storage-reset");
   const auto known = granularResetKeys();
   Findings findings;
   if (reset == nullptr) return findings;
@@ -116,7 +115,7 @@ void addRepeated(Findings& findings, const LaunchPreview& preview, const JsonObj
 }
 
 Findings repeatedKeys(const LaunchPreview& preview) {
-  const JsonObject& overlay = *preview.surroundings.overlay.object;
+  const JsonObject& overlay = *preview.host.overlay.object;
   Findings findings;
   addRepeated(findings, preview, overlay, "");
   for (const OverlayKey& key : overlayKeyList) {
@@ -129,7 +128,7 @@ Findings repeatedKeys(const LaunchPreview& preview) {
 }  // namespace
 
 Findings overlayFileFindings(const LaunchPreview& preview) {
-  if (!preview.surroundings.overlay.object) return unusableFile(preview);
+  if (!preview.host.overlay.object) return unusableFile(preview);
   constexpr std::array<Check, 3> checks{misspeltKeys, unknownResetKeys, repeatedKeys};
   return findWith(checks, preview);
 }

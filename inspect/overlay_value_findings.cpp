@@ -86,7 +86,7 @@ Level levelOf(const OverlayKey& key, const JsonValue& value) {
 }
 
 Findings unusableValues(const LaunchPreview& preview) {
-  const JsonObject& overlay = *preview.surroundings.overlay.object;
+  const JsonObject& overlay = *preview.host.overlay.object;
   Findings findings;
   for (const OverlayKey& key : overlayKeyList) {
     const JsonValue* value = overlay.find(key.name);
@@ -104,7 +104,7 @@ Findings unusableValues(const LaunchPreview& preview) {
 
 Findings unusableResetValues(const LaunchPreview& preview) {
   constexpr const char* key = "granular-storage-reset";
-  const auto* reset = preview.surroundings.overlay.object->find<JsonObject>(key);
+  const auto* reset = preview.host.overlay.object->find<JsonObject>(key);
   Findings findings;
   if (reset == nullptr) return findings;
   const auto& read = preview.values.request.overlay.granularStorageReset;
@@ -121,7 +121,7 @@ Findings unusableResetValues(const LaunchPreview& preview) {
 
 /// The engine is left to find a value where there is none.
 Findings emptyGivenValues(const LaunchPreview& preview) {
-  const JsonObject& overlay = *preview.surroundings.overlay.object;
+  const JsonObject& overlay = *preview.host.overlay.object;
   Findings findings;
   for (const OverlayKey& key : overlayKeyList) {
     if (key.kind != presence) continue;
@@ -141,7 +141,7 @@ Findings emptyGivenValues(const LaunchPreview& preview) {
 }  // namespace
 
 Findings overlayValueFindings(const LaunchPreview& preview) {
-  if (!preview.surroundings.overlay.object) return {};
+  if (!preview.host.overlay.object) return {};
   constexpr std::array<Check, 3> checks{unusableValues, unusableResetValues, emptyGivenValues};
   return findWith(checks, preview);
 }

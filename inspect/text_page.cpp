@@ -49,7 +49,7 @@ void addPlaces(Rows& rows, const LaunchPreview& preview) {
   rows.push_back({"Profile", "", userDataDir.value_or("(none named)"), ""});
   rows.push_back({"Overlay", "",
                   preview.values.overlayURL.text() +
-                      states.at(static_cast<std::size_t>(preview.surroundings.overlay.state)),
+                      states.at(static_cast<std::size_t>(preview.host.overlay.state)),
                   ""});
 }
 

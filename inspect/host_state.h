@@ -10,27 +10,27 @@
 
 namespace quillon {
 
-/// What a launch would find around it, as far as its plan does not hold it.
-struct Surroundings {
+/// What a launch finds on this machine beyond what its plan contains.
+struct HostState {
   enum class ProfileFolder { notNamed, missing, notAFolder, notWritable, writable };
 
   JsonFile overlay;
-  /// Where the catalogue is, and what is in it; read only when the overlay names a profile of it.
+  /// The catalogue's path and content. Read only if the overlay names a WebGL profile.
   std::optional<platform::Path> catalogueURL;
   JsonFile catalogue;
   ProfileFolder profileFolder = ProfileFolder::notNamed;
   bool engineIsExecutable = false;
   bool curlIsExecutable = false;
-  /// A browser runs on the profile, or seems to.
+  /// A running browser has locked the profile, or may have.
   bool profileIsInUse = false;
-  /// The configuration file that curl reads on its own; nothing when there is none.
+  /// The configuration file that curl reads by default, if there is one.
   std::optional<platform::Path> curlConfiguration;
   platform::ArgumentLimits argumentLimits{};
-  /// What the environment takes of them.
+  /// How much of `argumentLimits.together` the environment uses.
   std::size_t environmentBytes = 0;
 };
 
-/// Looks at them and changes nothing. Any thread.
-[[nodiscard]] Surroundings lookAround(const ProcessValues& values);
+/// Reads this state and changes nothing. Any thread.
+[[nodiscard]] HostState probeHost(const ProcessValues& values);
 
 }  // namespace quillon

@@ -11,10 +11,10 @@ namespace {
 
 using EngineStart = LaunchPreview::EngineStart;
 using Level = Finding::Level;
-using ProfileFolder = Surroundings::ProfileFolder;
+using ProfileFolder = HostState::ProfileFolder;
 
 Findings missingEngine(const LaunchPreview& preview) {
-  if (preview.surroundings.engineIsExecutable) return {};
+  if (preview.host.engineIsExecutable) return {};
   const std::string engine = preview.values.request.engineBinary.text();
   return {{Level::error, "",
            "The engine " + engine +
@@ -31,7 +31,7 @@ std::string keyOf(const std::string& argument, const LaunchPreview& preview) {
 
 Findings tooLongForTheEngine(const LaunchPreview& preview) {
   if (preview.engineStart() != EngineStart::tooLong) return {};
-  const auto& limits = preview.surroundings.argumentLimits;
+  const auto& limits = preview.host.argumentLimits;
   constexpr const char* end = ": the engine cannot be started, the launch ends with status 1.";
   for (const std::string& argument : preview.plan.engineArguments) {
     if (argument.size() < limits.oneString) continue;
@@ -51,7 +51,7 @@ Findings tooLongForTheEngine(const LaunchPreview& preview) {
 
 Findings tooLongForCurl(const LaunchPreview& preview) {
   const auto curl = preview.curl();
-  const std::size_t limit = preview.surroundings.argumentLimits.oneString;
+  const std::size_t limit = preview.host.argumentLimits.oneString;
   const bool fits = !curl || std::all_of(curl->begin(), curl->end(), [&](const std::string& text) {
     return text.size() < limit;
   });
@@ -63,14 +63,14 @@ Findings tooLongForCurl(const LaunchPreview& preview) {
 }
 
 Findings missingCurl(const LaunchPreview& preview) {
-  if (!preview.values.needsWindow || preview.surroundings.curlIsExecutable) return {};
+  if (!preview.values.needsWindow || preview.host.curlIsExecutable) return {};
   return {{Level::error, "",
            std::string(curlExecutable) +
                " is missing or not executable: discovery fails. Install curl."}};
 }
 
 Findings curlConfiguration(const LaunchPreview& preview) {
-  const auto& file = preview.surroundings.curlConfiguration;
+  const auto& file = preview.host.curlConfiguration;
   if (!preview.curl() || !file) return {};
   return {{Level::note, "",
            "curl reads " + file->text() +
@@ -89,7 +89,7 @@ Findings reservedHosts(const LaunchPreview& preview) {
 
 Findings unusableFolder(const LaunchPreview& preview) {
   const std::string folder = preview.values.request.userDataDir.value_or("");
-  switch (preview.surroundings.profileFolder) {
+  switch (preview.host.profileFolder) {
     case ProfileFolder::notNamed:
     case ProfileFolder::writable:
       return {};
@@ -113,7 +113,7 @@ Findings unusableFolder(const LaunchPreview& preview) {
 }
 
 Findings runningBrowser(const LaunchPreview& preview) {
-  if (!preview.surroundings.profileIsInUse || preview.removes.empty()) return {};
+  if (!preview.host.profileIsInUse || preview.removes.empty()) return {};
   return {{Level::warning, "",
            "A running browser holds the profile (" +
                preview.values.request.userDataDir.value_or("") +
@@ -144,7 +144,7 @@ Findings mountsInTheWay(const LaunchPreview& preview) {
 
 }  // namespace
 
-Findings surroundingsFindings(const LaunchPreview& preview) {
+Findings hostFindings(const LaunchPreview& preview) {
   constexpr std::array<Check, 10> checks{
       missingEngine, tooLongForTheEngine, tooLongForCurl, missingCurl,   curlConfiguration,
       reservedHosts, unusableFolder,      runningBrowser, linksInTheWay, mountsInTheWay};

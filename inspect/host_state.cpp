@@ -1,4 +1,4 @@
-#include "inspect/surroundings.h"
+#include "inspect/host_state.h"
 
 #include <array>
 #include <charconv>
@@ -15,7 +15,7 @@
 namespace quillon {
 namespace {
 
-using ProfileFolder = Surroundings::ProfileFolder;
+using ProfileFolder = HostState::ProfileFolder;
 
 ProfileFolder profileFolderOf(const std::optional<std::string>& userDataDir) {
   if (!userDataDir || userDataDir->empty()) return ProfileFolder::notNamed;
@@ -25,8 +25,8 @@ ProfileFolder profileFolderOf(const std::optional<std::string>& userDataDir) {
                                                   : ProfileFolder::notWritable;
 }
 
-/// Chromium's lock is a link to "HOST-PROCESS". One that names a process of this machine which is
-/// gone was left over by a crash, and Chromium takes it over.
+/// Chromium's lock is a symbolic link to "HOST-PROCESS". If the process ran on this machine and has
+/// ended, the lock was left by a crash, and Chromium replaces it.
 bool isInUse(const std::optional<std::string>& userDataDir) {
   if (!userDataDir || userDataDir->empty()) return false;
   std::error_code error;
@@ -41,7 +41,7 @@ bool isInUse(const std::optional<std::string>& userDataDir) {
   return fault != std::errc() || parsed != end || platform::isRunning(process);
 }
 
-/// The places where curl looks, in its order.
+/// The first of the files that curl would read, in curl's order.
 std::optional<platform::Path> curlConfigurationFile() {
   struct Place {
     std::string_view variable;
@@ -71,22 +71,22 @@ std::size_t environmentBytes() {
 
 }  // namespace
 
-Surroundings lookAround(const ProcessValues& values) {
+HostState probeHost(const ProcessValues& values) {
   const LaunchRequest& request = values.request;
-  Surroundings around;
-  around.overlay = readJsonFile(values.overlayURL);
+  HostState host;
+  host.overlay = readJsonFile(values.overlayURL);
   if (!request.overlay.webglProfile.empty()) {
-    around.catalogueURL = webglCatalogueURL(values.cataloguePlaces());
-    if (around.catalogueURL) around.catalogue = readJsonFile(*around.catalogueURL);
+    host.catalogueURL = webglCatalogueURL(values.cataloguePlaces());
+    if (host.catalogueURL) host.catalogue = readJsonFile(*host.catalogueURL);
   }
-  around.profileFolder = profileFolderOf(request.userDataDir);
-  around.engineIsExecutable = platform::isExecutableFile(request.engineBinary);
-  around.curlIsExecutable = platform::isExecutableFile(curlExecutable);
-  around.profileIsInUse = isInUse(request.userDataDir);
-  around.curlConfiguration = curlConfigurationFile();
-  around.argumentLimits = platform::argumentLimits();
-  around.environmentBytes = environmentBytes();
-  return around;
+  host.profileFolder = profileFolderOf(request.userDataDir);
+  host.engineIsExecutable = platform::isExecutableFile(request.engineBinary);
+  host.curlIsExecutable = platform::isExecutableFile(curlExecutable);
+  host.profileIsInUse = isInUse(request.userDataDir);
+  host.curlConfiguration = curlConfigurationFile();
+  host.argumentLimits = platform::argumentLimits();
+  host.environmentBytes = environmentBytes();
+  return host;
 }
 
 }  // namespace quillon
