@@ -6,10 +6,6 @@
 
 namespace quillon {
 
-void appendAll(SwitchList& switches, const SwitchList& more) {
-  switches.insert(switches.end(), more.begin(), more.end());
-}
-
 void appendSwitch(SwitchList& switches, std::string_view name, std::string_view value) {
   if (platform::truncatedAtNul(value).empty()) return;
   switches.push_back(std::string("--").append(name).append("=").append(value));
@@ -55,8 +51,6 @@ SwitchList machineSwitches(const OverlayKeys& overlay, const Machine& machine) {
     appendSwitch(switches, "hardware-concurrency", std::to_string(machine.activeProcessorCount));
   }
   if (!overlay.speechVoicesSet) appendSwitch(switches, "speech-voices-preset", "stock-chrome-mac");
-  const bool hasStartPage = !platform::truncatedAtNul(overlay.startPage).empty();
-  switches.push_back(hasStartPage ? overlay.startPage : "chrome://version");
   return switches;
 }
 

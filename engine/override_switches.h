@@ -23,9 +23,6 @@ struct Machine {
   int activeProcessorCount = 0;
 };
 
-/// Adds all of `more` behind the list.
-void appendAll(SwitchList& switches, const SwitchList& more);
-
 /// Adds "--name=value", unless the value is empty, as it is when it begins with a NUL: a NUL ends
 /// an argument. Nothing is quoted or escaped.
 void appendSwitch(SwitchList& switches, std::string_view name, std::string_view value);
@@ -38,8 +35,7 @@ void appendSwitch(SwitchList& switches, std::string_view name, std::string_view 
 [[nodiscard]] SwitchList personaSwitches(const OverlayKeys& overlay,
                                          const ResolvedPersona& persona);
 
-/// The machine's memory class and processors and the voices, unless the overlay sets its own; the
-/// start page, or what stands in for an empty one, comes last.
+/// The machine's memory class, its processors and the voices, except those that the overlay sets.
 [[nodiscard]] SwitchList machineSwitches(const OverlayKeys& overlay, const Machine& machine);
 
 }  // namespace quillon

@@ -79,7 +79,7 @@ Findings namelessFolder(const LaunchPreview& preview) {
 
 /// What the launcher adds stands behind the caller's arguments, and the engine takes the last.
 Findings overriddenSwitches(const LaunchPreview& preview) {
-  const Arguments& all = preview.plan.engineArguments;
+  const Arguments all = argumentVector(preview.plan.engineArguments);
   const Arguments& own = argumentsOf(preview);
   Findings findings;
   if (all.empty()) return findings;

@@ -33,7 +33,7 @@ Findings tooLongForTheEngine(const LaunchPreview& preview) {
   if (preview.engineStart() != EngineStart::tooLong) return {};
   const auto& limits = preview.host.argumentLimits;
   constexpr const char* end = ": the engine cannot be started, the launch ends with status 1.";
-  for (const std::string& argument : preview.plan.engineArguments) {
+  for (const std::string& argument : argumentVector(preview.plan.engineArguments)) {
     if (argument.size() < limits.oneString) continue;
     const std::string key = keyOf(argument, preview);
     constexpr std::size_t headBytes = 40;

@@ -56,7 +56,7 @@ std::vector<platform::Path> removedBy(const LaunchPlan& plan,
 }  // namespace
 
 EngineStart LaunchPreview::engineStart() const {
-  const std::vector<std::string>& arguments = plan.engineArguments;
+  const std::vector<std::string> arguments = argumentVector(plan.engineArguments);
   if (arguments.empty()) return EngineStart::notWanted;
   if (!host.engineIsExecutable) return EngineStart::missing;
   const platform::ArgumentLimits& limits = host.argumentLimits;
@@ -69,7 +69,7 @@ EngineStart LaunchPreview::engineStart() const {
 
 std::optional<std::vector<std::string>> LaunchPreview::engine() const {
   if (engineStart() != EngineStart::succeeds) return std::nullopt;
-  return plan.engineArguments;
+  return argumentVector(plan.engineArguments);
 }
 
 std::optional<ExitStatus> LaunchPreview::exitStatus() const {

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "discovery/proxy_setting.h"
-#include "engine/engine_spawn.h"
+#include "engine/engine_arguments.h"
 #include "inspect/findings.h"
 
 namespace quillon {
@@ -53,7 +53,7 @@ Findings nulInProxy(const LaunchPreview& preview) {
 
 Findings nulInSwitches(const LaunchPreview& preview) {
   Findings findings;
-  for (const std::string& text : preview.plan.overrideSwitches) {
+  for (const auto& [origin, text] : preview.plan.engineArguments) {
     if (text.find('\0') == std::string::npos) continue;
     const bool isStartPage = text == overlayOf(preview).startPage;
     findings.push_back({Level::warning, isStartPage ? "start-page" : "",

@@ -2,7 +2,7 @@
 #include <array>
 #include <string>
 
-#include "engine/engine_spawn.h"
+#include "engine/engine_arguments.h"
 #include "inspect/findings.h"
 #include "overlay/key_list.h"
 #include "overlay/overlay_keys.h"

@@ -6,7 +6,6 @@
 #include "discovery/endpoints.h"
 #include "inspect/curl_statuses.h"
 #include "inspect/findings.h"
-#include "inspect/switch_origins.h"
 #include "platform/probe/tree_size.h"
 
 namespace quillon {
@@ -133,17 +132,20 @@ void addRemovals(Rows& rows, const LaunchPreview& preview) {
 }
 
 void addEngine(Rows& rows, const LaunchPreview& preview) {
-  constexpr std::array<std::pair<std::string_view, const char*>, 6> colors{{{"engine", ""},
-                                                                            {"caller", cyan},
-                                                                            {"catalogue", magenta},
-                                                                            {"persona", green},
-                                                                            {"machine", blue},
-                                                                            {"launcher", ""}}};
-  for (const OriginatedArgument& argument : originsOf(preview)) {
-    const auto* color = std::find_if(colors.begin(), colors.end(), [&](const auto& candidate) {
-      return candidate.first == argument.origin;
-    });
-    rows.push_back({"Engine", std::string(argument.origin), argument.text, color->second});
+  struct Look {
+    const char* name;
+    const char* color;
+  };
+  constexpr std::array<Look, 6> looks{{{"engine", ""},
+                                       {"caller", cyan},
+                                       {"catalogue", magenta},
+                                       {"persona", green},
+                                       {"machine", blue},
+                                       {"launcher", ""}}};
+  const std::vector<std::string> texts = argumentVector(preview.plan.engineArguments);
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    const auto origin = static_cast<std::size_t>(preview.plan.engineArguments[i].origin);
+    rows.push_back({"Engine", looks.at(origin).name, texts[i], looks.at(origin).color});
   }
 }
 

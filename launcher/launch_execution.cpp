@@ -18,7 +18,7 @@ void execute(const LaunchPlan& plan) {
   if (!plan.removals.empty()) removeFromProfile(*plan.userDataDir, plan.removals);
   writeResultFile(plan.userDataDir, plan.result);
   if (!plan.engineArguments.empty()) {
-    const auto error = spawnEngine(plan.engineArguments);
+    const auto error = spawnEngine(argumentVector(plan.engineArguments));
     if (error) reportFatalLaunchFailure(fatalMessage(*error));
   }
   exitProcess(plan.exitStatus);

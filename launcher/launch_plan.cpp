@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "engine/engine_spawn.h"
-
 namespace quillon {
 namespace {
 
@@ -33,17 +31,14 @@ LaunchResultRecord resultRecord(std::string status, const DiscoveryCapture& disc
   return record;
 }
 
-/// A launch that starts the engine; `persona` are the switches for what was derived.
+/// A launch that starts the engine. `derived` is null if there was no discovery.
 LaunchPlan planStart(const LaunchRequest& request, const LaunchFacts& facts,
-                     const SwitchList& persona, LaunchResultRecord result) {
+                     const ResolvedPersona* derived, LaunchResultRecord result) {
   LaunchPlan plan;
   plan.userDataDir = request.userDataDir;
   plan.removals = removalsOf(request);
-  plan.overrideSwitches = facts.webglSwitches;
-  appendAll(plan.overrideSwitches, persona);
-  appendAll(plan.overrideSwitches, machineSwitches(request.overlay, facts.machine));
-  plan.engineArguments = engineArgumentVector(request.engineBinary, request.originalArgs,
-                                              plan.overrideSwitches, request.overlay.cdpTcpPort);
+  plan.engineArguments =
+      engineArguments(request.engineBinary, request.originalArgs, request.overlay, facts, derived);
   plan.result = std::move(result);
   return plan;
 }
@@ -51,12 +46,12 @@ LaunchPlan planStart(const LaunchRequest& request, const LaunchFacts& facts,
 }  // namespace
 
 LaunchPlan planPassthrough(const LaunchRequest& request, const LaunchFacts& facts) {
-  return planStart(request, facts, {}, resultRecord("passthrough", {}, {}));
+  return planStart(request, facts, nullptr, resultRecord("passthrough", {}, {}));
 }
 
 LaunchPlan planWindowed(const LaunchRequest& request, const LaunchFacts& facts,
                         const DiscoveryOutcome& outcome) {
-  return planStart(request, facts, personaSwitches(request.overlay, outcome.persona),
+  return planStart(request, facts, &outcome.persona,
                    resultRecord("ok", outcome.discovery, outcome.persona));
 }
 

@@ -2,10 +2,9 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "discovery/discover_and_resolve.h"
-#include "engine/override_switches.h"
+#include "engine/engine_arguments.h"
 #include "launcher/exit_status.h"
 #include "launcher/launch_request.h"
 #include "profile/profile_items.h"
@@ -14,22 +13,13 @@
 /// What a launch will do, before it does any of it. Pure; any thread.
 namespace quillon {
 
-/// What a plan takes from outside the request.
-struct LaunchFacts {
-  Machine machine;
-  /// The switches of the WebGL profile that the overlay names.
-  SwitchList webglSwitches;
-};
-
 /// One launch, decided.
 struct LaunchPlan {
   std::optional<std::string> userDataDir;
   /// Removed from the profile folder.
   ProfileItems removals;
-  /// What the launcher adds to its own arguments, the start page last; without the fixed switches.
-  SwitchList overrideSwitches;
-  /// The engine's whole argument vector, its own path first; empty when no engine is started.
-  std::vector<std::string> engineArguments;
+  /// Empty if no engine is started.
+  EngineArguments engineArguments;
   /// The result file but for its time stamp.
   LaunchResultRecord result;
   /// The launcher's, unless the engine cannot be started.

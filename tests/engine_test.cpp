@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "engine/engine_arguments.h"
 #include "engine/engine_spawn.h"
-#include "engine/override_switches.h"
 #include "launch_fixture.h"
 #include "launcher/fatal_report.h"
 
@@ -21,14 +21,13 @@ TEST(OverrideSwitches, MemoryClasses) {
 }
 
 TEST(OverrideSwitches, WhatIsUnknownGivesNone) {
-  EXPECT_EQ((SwitchList{"--speech-voices-preset=stock-chrome-mac", "chrome://version"}),
-            machineSwitches({}, {0, 0}));
+  EXPECT_EQ(SwitchList{"--speech-voices-preset=stock-chrome-mac"}, machineSwitches({}, {0, 0}));
   // A NUL will end the argument, and with nothing before it there is none.
   EXPECT_EQ((SwitchList{{"--geo-lat=1\0x", 13}}),
             personaSwitches({}, {.resolvedGeoLat = {"1\0x", 3}, .resolvedTZ = {"\0x", 2}}));
 }
 
-TEST(EngineSpawn, DebuggingPairOnlyForAUsablePort) {
+TEST(EngineArguments, DebuggingPairOnlyForAUsablePort) {
   const SwitchList pair{"--remote-debugging-port=9222", "--remote-debugging-address=127.0.0.1"};
   for (const char* port : {"9222", "+9222", "09222"}) {
     EXPECT_EQ(pair, debuggingSwitches(port, {"--remote-debugging-address=0.0.0.0",
@@ -55,8 +54,9 @@ TEST(EngineSpawn, FailuresHaveTheirText) {
             fatalMessage(spawnEngine({engine}).value()));
 }
 
-TEST(EngineSpawn, ArgumentsEndAtANul) {
-  EXPECT_EQ("ab", engineArgumentVector("/e", {}, {std::string("ab\0cd", 5)}, "").at(1));
+TEST(EngineArguments, EndAtANul) {
+  EXPECT_EQ((std::vector<std::string>{"ab"}),
+            argumentVector({{ArgumentOrigin::catalogue, {"ab\0cd", 5}}}));
 }
 
 }  // namespace

@@ -10,7 +10,7 @@
 #include "discovery/egress_discovery.h"
 #include "discovery/endpoint_reply.h"
 #include "discovery/persona.h"
-#include "engine/engine_spawn.h"
+#include "engine/engine_arguments.h"
 #include "overlay/webgl_catalogue.h"
 #include "platform/text/json.h"
 #include "platform/text/text.h"
@@ -31,9 +31,12 @@ void require(bool holds) {
 }
 
 void checkSwitches(const OverlayKeys& keys) {
-  const SwitchList switches = machineSwitches(keys, {std::uint64_t{16} << 30, 8});
-  require(!switches.empty());
-  require(switches.back() == keys.startPage || switches.back() == "chrome://version");
+  const EngineArguments arguments = engineArguments("/engine", {}, keys, {}, nullptr);
+  const bool hasStartPage =
+      std::any_of(arguments.begin(), arguments.end(), [&](const auto& argument) {
+        return argument.text == keys.startPage || argument.text == "chrome://version";
+      });
+  require(hasStartPage);
   const SwitchList debugging = debuggingSwitches(keys.cdpTcpPort, {});
   require(debugging.empty() || debugging.size() == 2);
   require(debuggingSwitches(keys.cdpTcpPort, {"--remote-debugging-port=1"}).empty());
