@@ -63,7 +63,7 @@ Findings tooLongForCurl(const LaunchPreview& preview) {
 }
 
 Findings missingCurl(const LaunchPreview& preview) {
-  if (!preview.values.needsWindow || preview.host.curlIsExecutable) return {};
+  if (!needsDiscovery(preview.values.request.overlay) || preview.host.curlIsExecutable) return {};
   return {{Level::error, "",
            std::string(curlExecutable) +
                " is missing or not executable: discovery fails. Install curl."}};

@@ -92,7 +92,7 @@ std::string jsonPage(const LaunchPreview& preview, const Findings& findings) {
   const auto status = preview.exitStatus();
   return writeJsonObject({
       {"schema", 1},
-      {"mode", preview.values.needsWindow ? "windowed" : "passthrough"},
+      {"mode", needsDiscovery(preview.values.request.overlay) ? "windowed" : "passthrough"},
       {"profile", request.userDataDir ? jsonString(*request.userDataDir) : ReportValue()},
       {"overlay", jsonOverlay(preview)},
       {"findings", jsonFindings(findings)},

@@ -24,10 +24,11 @@ DiscoveryOutcome unknownOutcome(const OverlayKeys& overlay) {
 
 /// Discovers when that is wanted, or when it comes to nothing before curl is started.
 std::optional<DiscoveryOutcome> outcomeOf(const LaunchPreview& preview, bool discover) {
+  const OverlayKeys& overlay = preview.values.request.overlay;
   const bool startsCurl = preview.curl() && preview.host.curlIsExecutable;
-  if (!preview.values.needsWindow || (startsCurl && !discover)) return std::nullopt;
+  if (!needsDiscovery(overlay) || (startsCurl && !discover)) return std::nullopt;
   return discoverAndResolve(
-      preview.values.request.overlay, [](const std::string&) {},
+      overlay, [](const std::string&) {},
       [](const std::string& proxyServer, const std::string& endpointURL) {
         return discoverEgress(proxyServer, endpointURL);
       });
@@ -35,7 +36,7 @@ std::optional<DiscoveryOutcome> outcomeOf(const LaunchPreview& preview, bool dis
 
 LaunchPlan planOf(const LaunchPreview& preview) {
   const LaunchRequest& request = preview.values.request;
-  if (!preview.values.needsWindow) return planPassthrough(request, preview.facts);
+  if (!needsDiscovery(request.overlay)) return planPassthrough(request, preview.facts);
   const DiscoveryOutcome outcome = preview.outcome.value_or(unknownOutcome(request.overlay));
   return blocksEngine(request.overlay, outcome) ? planBlocked(request, outcome)
                                                 : planWindowed(request, preview.facts, outcome);
@@ -80,7 +81,7 @@ std::optional<ExitStatus> LaunchPreview::exitStatus() const {
 }
 
 std::optional<std::vector<std::string>> LaunchPreview::curl() const {
-  if (!values.needsWindow) return std::nullopt;
+  if (!needsDiscovery(values.request.overlay)) return std::nullopt;
   auto arguments = curlArguments({values.request.overlay.proxyServer, primaryEndpoint().url});
   if (arguments) arguments->insert(arguments->begin(), curlExecutable);
   return arguments;

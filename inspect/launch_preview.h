@@ -35,7 +35,9 @@ struct LaunchPreview {
   std::vector<platform::Path> mountsInTheWay;
 
   /// Whether nothing in the plan is unknown.
-  [[nodiscard]] bool isComplete() const { return !values.needsWindow || outcome.has_value(); }
+  [[nodiscard]] bool isComplete() const {
+    return !needsDiscovery(values.request.overlay) || outcome.has_value();
+  }
   [[nodiscard]] EngineStart engineStart() const;
   /// The engine's argument vector; nothing when none would be started.
   [[nodiscard]] std::optional<std::vector<std::string>> engine() const;

@@ -16,7 +16,7 @@ const OverlayKeys& overlayOf(const LaunchPreview& preview) {
 }
 
 Findings missingProxy(const LaunchPreview& preview) {
-  if (!preview.values.needsWindow || !overlayOf(preview).proxyServer.empty()) return {};
+  if (!needsDiscovery(overlayOf(preview)) || !overlayOf(preview).proxyServer.empty()) return {};
   return {{Level::error, "proxy-server",
            inOverlay(preview, "proxy-server") +
                " is missing or empty, and values are to be derived: discovery goes out directly, "
@@ -25,7 +25,7 @@ Findings missingProxy(const LaunchPreview& preview) {
 
 Findings otherProxyScheme(const LaunchPreview& preview) {
   const std::string& proxy = overlayOf(preview).proxyServer;
-  if (!preview.values.needsWindow || proxyFault(proxy) != ProxyFault::scheme) return {};
+  if (!needsDiscovery(overlayOf(preview)) || proxyFault(proxy) != ProxyFault::scheme) return {};
   const std::string scheme = proxy.substr(0, proxy.find("://"));
   return {{Level::error, "proxy-server",
            inOverlay(preview, "proxy-server") +
@@ -36,7 +36,7 @@ Findings otherProxyScheme(const LaunchPreview& preview) {
 
 Findings controlCharacterInLogin(const LaunchPreview& preview) {
   const std::string& proxy = overlayOf(preview).proxyServer;
-  if (!preview.values.needsWindow || proxyFault(proxy) != ProxyFault::login) return {};
+  if (!needsDiscovery(overlayOf(preview)) || proxyFault(proxy) != ProxyFault::login) return {};
   return {{Level::error, "proxy-server",
            inOverlay(preview, "proxy-server") +
                " has a control character (%00 to %1f) in its user name or password: curl would "

@@ -53,18 +53,17 @@ void addPlaces(Rows& rows, const LaunchPreview& preview) {
 }
 
 void addMode(Rows& rows, const LaunchPreview& preview) {
+  const OverlayKeys& overlay = preview.values.request.overlay;
   std::string keys;
   std::string_view last;
   for (const Derivation& derivation : derivations) {
-    if (!isDerived(derivation, preview.values.request.overlay) || derivation.askedBy == last) {
-      continue;
-    }
+    if (!isDerived(derivation, overlay) || derivation.askedBy == last) continue;
     last = derivation.askedBy;
     keys.append(keys.empty() ? "" : ", ").append(last);
   }
   rows.push_back({"Mode", "",
-                  preview.values.needsWindow ? "windowed, because of " + keys
-                                             : "passthrough: nothing has to be discovered",
+                  needsDiscovery(overlay) ? "windowed, because of " + keys
+                                          : "passthrough: nothing has to be discovered",
                   ""});
 }
 
@@ -80,7 +79,7 @@ void addDerivations(Rows& rows, const LaunchPreview& preview) {
                     ""});
   }
   const OverlayKeys& overlay = preview.values.request.overlay;
-  if (!preview.values.needsWindow) return;
+  if (!needsDiscovery(overlay)) return;
   rows.push_back({"Derives", "",
                   "from " + primaryEndpoint().url +
                       (wantsMoreThanAddress(overlay) ? "" : ", or else " + fallbackEndpoint().url),

@@ -3,6 +3,7 @@
 #include <memory>
 #include <utility>
 
+#include "discovery/persona.h"
 #include "launcher/exit_status.h"
 #include "launcher/launch_execution.h"
 #include "launcher/launcher_delegate.h"
@@ -29,7 +30,7 @@ int runWindowed(ProcessValues values) {
 
 int runLauncher(const std::vector<std::string>& argumentVector) {
   ProcessValues values = readProcessValues(argumentVector, platform::executableLocation());
-  if (values.needsWindow) return runWindowed(std::move(values));
+  if (needsDiscovery(values.request.overlay)) return runWindowed(std::move(values));
   // Nothing has to be learned from the proxy: the engine starts at once.
   execute(planPassthrough(values.request, gatherFacts(values)));
 }

@@ -1,6 +1,5 @@
 #include "launcher/process_values.h"
 
-#include "discovery/persona.h"
 #include "launcher/engine_location.h"
 #include "overlay/overlay_file.h"
 
@@ -20,7 +19,6 @@ ProcessValues readProcessValues(const std::vector<std::string>& argumentVector,
   request.userDataDir = userDataDirFromArgs(request.originalArgs);
   values.overlayURL = overlayFileURL(request.userDataDir);
   request.overlay = loadOverlayKeys(values.overlayURL);
-  values.needsWindow = needsDiscovery(request.overlay);
   return values;
 }
 

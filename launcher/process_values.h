@@ -19,7 +19,6 @@ struct ProcessValues {
   std::string programPath;
   platform::Path overlayURL;
   LaunchRequest request;
-  bool needsWindow = false;
 
   [[nodiscard]] CataloguePlaces cataloguePlaces() const { return {bundle, programPath}; }
 };
