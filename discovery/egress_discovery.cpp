@@ -120,8 +120,12 @@ DiscoverResult interpretCurlRun(const platform::ChildRun& run, std::int64_t elap
   return result;
 }
 
-DiscoverResult discoverEgress(const std::string& proxyServer, const std::string& endpointURL,
-                              const platform::Path& curl) {
+DiscoverResult discoverEgress(const std::string& proxyServer, const std::string& endpointURL) {
+  return discoverEgressWith(curlExecutable, proxyServer, endpointURL);
+}
+
+DiscoverResult discoverEgressWith(const platform::Path& curl, const std::string& proxyServer,
+                                  const std::string& endpointURL) {
   const DiscoveryRequest request{proxyServer, endpointURL};
   const auto arguments = curlArguments(request);
   if (!arguments) return failure("INTERNAL", refusalMessage(proxyFault(proxyServer)), notRun, 0);

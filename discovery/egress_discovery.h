@@ -62,7 +62,11 @@ struct DiscoveryRequest {
 /// Runs curl through the proxy against the endpoint. Blocks while it runs, ten seconds by curl's
 /// own limit. Every failure is a result; nothing is tried again.
 [[nodiscard]] DiscoverResult discoverEgress(const std::string& proxyServer,
-                                            const std::string& endpointURL,
-                                            const platform::Path& curl = curlExecutable);
+                                            const std::string& endpointURL);
+
+/// The same with another curl.
+[[nodiscard]] DiscoverResult discoverEgressWith(const platform::Path& curl,
+                                                const std::string& proxyServer,
+                                                const std::string& endpointURL);
 
 }  // namespace quillon

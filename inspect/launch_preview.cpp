@@ -28,10 +28,7 @@ std::optional<DiscoveryOutcome> outcomeOf(const LaunchPreview& preview, bool dis
   const bool startsCurl = preview.curl() && preview.host.curlIsExecutable;
   if (!needsDiscovery(overlay) || (startsCurl && !discover)) return std::nullopt;
   return discoverAndResolve(
-      overlay, [](const std::string&) {},
-      [](const std::string& proxyServer, const std::string& endpointURL) {
-        return discoverEgress(proxyServer, endpointURL);
-      });
+      overlay, [](const std::string&) {}, discoverEgress);
 }
 
 LaunchPlan planOf(const LaunchPreview& preview) {

@@ -1,6 +1,5 @@
 #include "launcher/entry.h"
 
-#include <memory>
 #include <utility>
 
 #include "discovery/persona.h"
@@ -14,13 +13,12 @@
 namespace quillon {
 namespace {
 
-/// The delegate does the launching from within the event loop.
+/// The delegate launches from within the event loop.
 int runWindowed(ProcessValues values) {
   platform::ui::Application& application = platform::ui::Application::shared();
   // Never destroyed: the background thread uses it until the process ends.
-  static const auto& delegate =
-      *new std::shared_ptr(std::make_shared<LauncherDelegate>(std::move(values)));
-  application.setDelegate(*delegate);
+  static auto& delegate = *new LauncherDelegate(std::move(values));
+  application.setDelegate(delegate);
   application.setActivationPolicy(platform::ui::ActivationPolicy::accessory);
   application.run();
   return static_cast<int>(ExitStatus::success);

@@ -16,19 +16,20 @@ constexpr std::size_t discoveryStep = 1;
 constexpr std::size_t overridesStep = 2;
 constexpr std::size_t engineStep = 3;
 
-/// Long enough for the eye to follow the steps, and to read why a launch is blocked.
+/// Time on screen: the user can follow the steps, and read why a launch is blocked.
 constexpr auto pauseAfterOverlay = 120ms;
 constexpr auto pauseAfterDiscovery = 180ms;
 constexpr auto pauseWhenBlocked = 2500ms;
 constexpr auto pauseAfterOverrides = 120ms;
 constexpr auto pauseBeforeEngine = 80ms;
 
-void showStatus(SequenceStage& stage, std::size_t index, std::string status) {
-  stage.updateStep(index, [status = std::move(status)](SplashStep& step) { step.status = status; });
+void showStatus(const SequenceWindow& window, std::size_t index, std::string status) {
+  window.updateStep(index,
+                    [status = std::move(status)](SplashStep& step) { step.status = status; });
 }
 
-void showOutcome(SequenceStage& stage, std::size_t index, std::string status, bool failed) {
-  stage.updateStep(index, [status = std::move(status), failed](SplashStep& step) {
+void showOutcome(const SequenceWindow& window, std::size_t index, std::string status, bool failed) {
+  window.updateStep(index, [status = std::move(status), failed](SplashStep& step) {
     step.status = status;
     step.done = true;
     step.failed = failed;
@@ -49,37 +50,35 @@ LaunchErrorRecord errorRecord(const DiscoveryOutcome& outcome, const std::string
   return record;
 }
 
-DiscoveryOutcome discover(const LaunchRequest& request, SequenceStage& stage) {
+DiscoveryOutcome discover(const LaunchRequest& request, const SequenceWindow& window,
+                          const EgressAttempt& attempt) {
   const OverlayKeys& overlay = request.overlay;
   DiscoveryOutcome outcome = discoverAndResolve(
-      overlay, [&](std::string status) { showStatus(stage, discoveryStep, std::move(status)); },
-      [&](const std::string& proxyServer, const std::string& endpointURL) {
-        return stage.attempt(proxyServer, endpointURL);
-      });
+      overlay, [&](std::string status) { showStatus(window, discoveryStep, std::move(status)); },
+      attempt);
   if (outcome.failed()) {
     writeErrorFile(request.userDataDir, errorRecord(outcome, overlay.proxyServer));
   }
-  showOutcome(stage, discoveryStep, discoveryText(outcome, blocksEngine(overlay, outcome)),
+  showOutcome(window, discoveryStep, discoveryText(outcome, blocksEngine(overlay, outcome)),
               outcome.failed());
   return outcome;
 }
 
 }  // namespace
 
-std::optional<DiscoveryOutcome> playLaunchSequence(const LaunchRequest& request,
-                                                   SequenceStage& stage) {
+std::optional<DiscoveryOutcome> takeLaunchSteps(const LaunchRequest& request,
+                                                const SequenceWindow& window,
+                                                const EgressAttempt& attempt) {
   removeErrorFile(request.userDataDir);
-  showOutcome(stage, overlayStep, request.overlay.proxyServer, false);
-  stage.pause(pauseAfterOverlay);
-  if (stage.isCancelled()) return std::nullopt;
-  DiscoveryOutcome outcome = discover(request, stage);
+  showOutcome(window, overlayStep, request.overlay.proxyServer, false);
+  if (!window.pause(pauseAfterOverlay)) return std::nullopt;
+  DiscoveryOutcome outcome = discover(request, window, attempt);
   const bool blocked = blocksEngine(request.overlay, outcome);
-  stage.pause(blocked ? pauseWhenBlocked : pauseAfterDiscovery);
-  if (stage.isCancelled()) return std::nullopt;
-  showOutcome(stage, overridesStep, overridesText(outcome.persona, blocked), blocked);
-  stage.pause(pauseAfterOverrides);
-  showOutcome(stage, engineStep, engineText(blocked), blocked);
-  stage.pause(pauseBeforeEngine);
+  if (!window.pause(blocked ? pauseWhenBlocked : pauseAfterDiscovery)) return std::nullopt;
+  showOutcome(window, overridesStep, overridesText(outcome.persona, blocked), blocked);
+  window.pause(pauseAfterOverrides);
+  showOutcome(window, engineStep, engineText(blocked), blocked);
+  window.pause(pauseBeforeEngine);
   return outcome;
 }
 

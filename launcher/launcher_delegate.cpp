@@ -25,9 +25,7 @@ void LauncherDelegate::applicationDidFinishLaunching() {
   splash.emplace(initialSplashSteps(), overlayObject ? &*overlayObject : nullptr);
   splash->window.delegate = this;
   splash->showSplash();
-  platform::runInBackground([weak = weak_from_this()] {
-    if (const auto delegate = weak.lock()) delegate->runLaunchSequence();
-  });
+  platform::runInBackground([this] { runLaunchSequence(); });
 }
 
 void LauncherDelegate::windowWillClose() {
@@ -36,12 +34,26 @@ void LauncherDelegate::windowWillClose() {
 }
 
 void LauncherDelegate::runLaunchSequence() {
-  auto outcome = playLaunchSequence(values.request, *this);
+  auto outcome = takeLaunchSteps(values.request, sequenceWindow(), discoverEgress);
   if (outcome) {
     platform::postToMain([this, outcome = std::move(*outcome)] { finishLaunch(outcome); });
   } else {
     platform::postToMain([] { exitProcess(ExitStatus::success); });
   }
+}
+
+SequenceWindow LauncherDelegate::sequenceWindow() {
+  return {.updateStep =
+              [this](std::size_t index, std::function<void(SplashStep&)> change) {
+                onMainThread([this, index, change = std::move(change)] {
+                  splash->updateStep(index, change);
+                });
+              },
+          .pause =
+              [this](std::chrono::milliseconds duration) {
+                platform::sleepFor(duration);
+                return !cancelled;
+              }};
 }
 
 void LauncherDelegate::finishLaunch(const DiscoveryOutcome& outcome) {
@@ -50,19 +62,6 @@ void LauncherDelegate::finishLaunch(const DiscoveryOutcome& outcome) {
   execute(blocksEngine(request.overlay, outcome)
               ? planBlocked(request, outcome)
               : planWindowed(request, gatherFacts(values), outcome));
-}
-
-void LauncherDelegate::updateStep(std::size_t index, std::function<void(SplashStep&)> change) {
-  onMainThread([this, index, change = std::move(change)] { splash->updateStep(index, change); });
-}
-
-void LauncherDelegate::pause(std::chrono::milliseconds duration) {
-  platform::sleepFor(duration);
-}
-
-DiscoverResult LauncherDelegate::attempt(const std::string& proxyServer,
-                                         const std::string& endpointURL) {
-  return discoverEgress(proxyServer, endpointURL);
 }
 
 }  // namespace quillon

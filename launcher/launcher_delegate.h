@@ -2,9 +2,7 @@
 
 #include <atomic>
 #include <functional>
-#include <memory>
 #include <optional>
-#include <string>
 
 #include "launcher/launch_sequence.h"
 #include "launcher/process_values.h"
@@ -13,17 +11,14 @@
 
 namespace quillon {
 
-/// Runs a change on the main thread: at once when called there, else posted, in order, without
-/// waiting. Any thread.
+/// Runs a change on the main thread: immediately if called there, otherwise posted, in order,
+/// without waiting. Any thread.
 void onMainThread(std::function<void()> change);
 
-/// Drives a launch with a window and holds its state. Made on the main thread by the entry point,
-/// which keeps it as long as the process lives. The background thread hands the outcome over with
-/// the post of `finishLaunch`.
+/// Controls a windowed launch and holds its state. The entry point creates it on the main thread
+/// and never destroys it, because the background thread uses it until the process ends.
 class LauncherDelegate final : public platform::ui::ApplicationDelegate,
-                               public platform::ui::WindowDelegate,
-                               public SequenceStage,
-                               public std::enable_shared_from_this<LauncherDelegate> {
+                               public platform::ui::WindowDelegate {
  public:
   explicit LauncherDelegate(ProcessValues processValues);
 
@@ -39,18 +34,15 @@ class LauncherDelegate final : public platform::ui::ApplicationDelegate,
   /// Ends the process at once with status 0: no report, no engine. Main thread.
   void windowWillClose() override;
 
-  /// Plays the launch sequence, then has the main thread finish the launch, or end the process with
-  /// status 0 when it was cancelled. Once, on the background thread.
+  /// Takes the steps of the launch, then posts `finishLaunch` with the outcome to the main thread.
+  /// If the window was closed, the process ends there with status 0. Background thread, once.
   void runLaunchSequence();
 
-  /// Hides the window and carries out what follows from the outcome. Main thread, once.
+  /// Hides the window, then plans and executes the launch. Main thread, once.
   [[noreturn]] void finishLaunch(const DiscoveryOutcome& outcome);
 
-  /// Any thread, by way of `onMainThread`.
-  void updateStep(std::size_t index, std::function<void(SplashStep&)> change) override;
-  void pause(std::chrono::milliseconds duration) override;
-  [[nodiscard]] bool isCancelled() const override { return cancelled; }
-  DiscoverResult attempt(const std::string& proxyServer, const std::string& endpointURL) override;
+ private:
+  SequenceWindow sequenceWindow();
 };
 
 }  // namespace quillon

@@ -38,7 +38,7 @@ TEST(EgressDiscovery, CurlThatCannotBeStartedIsAResult) {
   const tests::TemporaryFolder folder;
   folder.write("curl", "no program");
   std::filesystem::permissions(folder.path() / "curl", std::filesystem::perms::owner_all);
-  const DiscoverResult result = discoverEgress("", "u", folder.path() / "curl");
+  const DiscoverResult result = discoverEgressWith(folder.path() / "curl", "", "u");
   EXPECT_EQ((DiscoverResult{"", -1, 0, "INTERNAL", "Process.run(curl) failed: Exec format error",
                             "", "", "", ""}),
             result);
@@ -49,7 +49,7 @@ DiscoverResult runScript(const std::string& script, const std::string& proxy, co
   const tests::TemporaryFolder folder;
   folder.write("curl", "#!/bin/sh\nfor url; do :; done\n" + script);
   std::filesystem::permissions(folder.path() / "curl", std::filesystem::perms::owner_all);
-  return discoverEgress(proxy, url, folder.path() / "curl");
+  return discoverEgressWith(folder.path() / "curl", proxy, url);
 }
 
 TEST(EgressDiscovery, NothingInTheEnvironmentLeadsAroundTheProxy) {

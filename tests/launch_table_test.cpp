@@ -15,11 +15,23 @@ using tests::CurlEnd;
 using tests::LaunchRow;
 
 /// Lets no time pass, gives curl's answers of a row, and writes down what a window shows.
-class PlayedStage final : public SequenceStage {
+class PlayedLaunch {
  public:
-  explicit PlayedStage(const LaunchRow& row) : row_(row) {}
+  explicit PlayedLaunch(const LaunchRow& row) : row_(row) {}
 
-  void updateStep(std::size_t index, std::function<void(SplashStep&)> change) override {
+  std::optional<DiscoveryOutcome> takeSteps(const LaunchRequest& request) {
+    const SequenceWindow window{
+        [this](std::size_t index, const auto& change) { updateStep(index, change); },
+        [this](std::chrono::milliseconds duration) { return pause(duration); }};
+    return takeLaunchSteps(
+        request, window,
+        [this](const std::string& proxy, const std::string& url) { return attempt(proxy, url); });
+  }
+
+  std::string shown;
+
+ private:
+  void updateStep(std::size_t index, const std::function<void(SplashStep&)>& change) {
     const std::vector<std::string> before = rows();
     splash_.updateStep(index, change);
     const std::vector<std::string> after = rows();
@@ -27,22 +39,17 @@ class PlayedStage final : public SequenceStage {
       if (after[i] != before[i]) note({std::to_string(i), " ", after[i]});
     }
   }
-  void pause(std::chrono::milliseconds duration) override {
+  bool pause(std::chrono::milliseconds duration) {
     note({"(", std::to_string(duration.count()), " ms)"});
-    ++pauses_;
+    return ++pauses_ != row_.closedInPause;
   }
-  [[nodiscard]] bool isCancelled() const override { return pauses_ == row_.closedInPause; }
-  DiscoverResult attempt(const std::string& proxyServer, const std::string& url) override {
+  DiscoverResult attempt(const std::string& proxyServer, const std::string& url) {
     note({"ask ", url});
     const CurlEnd& end = row_.attempts.at(attempts_++);
-    if (end.status < 0) return discoverEgress(proxyServer, url, "/missing/curl");
+    if (end.status < 0) return discoverEgressWith("/missing/curl", proxyServer, url);
     return interpretCurlRun({0, end.status, end.reply, end.reply.size()}, end.milliseconds,
                             {proxyServer, url});
   }
-
-  std::string shown;
-
- private:
   void note(const std::vector<std::string>& words) {
     for (const std::string& word : words) shown += word;
     shown += '\n';
@@ -74,12 +81,12 @@ TEST(LaunchTable, EveryLaunchComesToWhatItsRowSays) {
     LaunchFacts facts = gatherFacts(values);
     facts.machine = {std::uint64_t{16} << 30, 8};
     LaunchPlan plan = planPassthrough(values.request, facts);
-    PlayedStage stage(row);
+    PlayedLaunch played(row);
     launch.prepare = [&] { execute(plan); };
     const bool isWindowed = needsDiscovery(values.request.overlay);
     EXPECT_EQ(!row.attempts.empty(), isWindowed) << row.name;
     if (isWindowed) {
-      const auto outcome = playLaunchSequence(values.request, stage);
+      const auto outcome = played.takeSteps(values.request);
       EXPECT_EQ(row.closedInPause == 0, outcome.has_value()) << row.name;
       if (!outcome) {
         launch.prepare = [&] { LauncherDelegate(values).windowWillClose(); };
@@ -95,7 +102,7 @@ TEST(LaunchTable, EveryLaunchComesToWhatItsRowSays) {
     for (const auto& [kind, told] : outcome.engine) {
       EXPECT_EQ(0, std::count(told.begin(), told.end(), "QUILLON_LATE=1")) << row.name;
     }
-    EXPECT_EQ(row.shown, tests::replaced(stage.shown, proxy, "PROXY")) << row.name;
+    EXPECT_EQ(row.shown, tests::replaced(played.shown, proxy, "PROXY")) << row.name;
   }
 }
 
