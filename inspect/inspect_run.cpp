@@ -6,7 +6,7 @@
 #include "inspect/inspect_options.h"
 #include "inspect/json_page.h"
 #include "inspect/text_page.h"
-#include "launcher/launch_request.h"
+#include "launcher_version.h"
 #include "platform/files/bundle.h"
 #include "platform/probe/standard_output.h"
 #include "platform/process/environment.h"

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "launcher_version.h"
+
 namespace quillon {
 namespace {
 

@@ -9,9 +9,6 @@
 
 namespace quillon {
 
-/// Written into every report.
-inline constexpr const char* launcherVersion = "0.30.0-mac";
-
 /// What is asked of one launch.
 struct LaunchRequest {
   OverlayKeys overlay;

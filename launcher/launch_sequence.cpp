@@ -4,6 +4,7 @@
 
 #include "launcher/launch_plan.h"
 #include "launcher/step_texts.h"
+#include "launcher_version.h"
 #include "reports/launch_error.h"
 
 namespace quillon {
