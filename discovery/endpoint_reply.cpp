@@ -28,7 +28,7 @@ DiscoverResult readJsonReply(std::string_view reply) {
 
 DiscoverResult readBareReply(std::string_view reply) {
   DiscoverResult result;
-  // Empty lines before it do not count.
+  // The first line that is not empty.
   const std::string_view line = platform::firstLine(platform::skipWhitespace(reply));
   result.ip = platform::trimBlanks(line);
   return result;
@@ -46,6 +46,10 @@ bool isUsableAddress(std::string_view text) {
   constexpr std::size_t longest = 45;
   const std::size_t length = platform::characterCount(platform::truncatedAtNul(text), longest + 1);
   return length >= shortest && length <= longest;
+}
+
+bool isUsableCoordinate(std::string_view text) {
+  return !platform::truncatedAtNul(text).empty();
 }
 
 }  // namespace quillon

@@ -3,21 +3,17 @@
 #include <algorithm>
 
 #include "discovery/country_languages.h"
-#include "platform/text/text.h"
+#include "discovery/endpoint_reply.h"
 
 namespace quillon {
 namespace {
 
-/// Whether a switch is left of it.
-bool isGiven(const std::string& coordinate) {
-  return !platform::truncatedAtNul(coordinate).empty();
-}
-
-/// All that a discovery gives, whoever asks for it. One coordinate alone is no place.
+/// All values that a discovery gives, whether or not the overlay asks for them. A coordinate is
+/// used only together with the other one.
 ResolvedPersona offeredBy(const DiscoverResult& discovered) {
   ResolvedPersona offered;
   offered.resolvedFakeIP = discovered.ip;
-  if (isGiven(discovered.latitude) && isGiven(discovered.longitude)) {
+  if (isUsableCoordinate(discovered.latitude) && isUsableCoordinate(discovered.longitude)) {
     offered.resolvedGeoLat = discovered.latitude;
     offered.resolvedGeoLng = discovered.longitude;
   }
