@@ -64,16 +64,16 @@ EngineArguments engineArguments(const platform::Path& engineBinary,
                                 const ResolvedPersona* derived) {
   using enum ArgumentOrigin;
   EngineArguments arguments{{engine, engineBinary.text()}};
-  const auto append = [&](ArgumentOrigin origin, const auto& texts) {
+  const auto add = [&](ArgumentOrigin origin, const auto& texts) {
     for (const auto& text : texts) arguments.push_back({origin, text});
   };
-  append(caller, originalArgs);
-  append(catalogue, facts.webglSwitches);
-  if (derived != nullptr) append(persona, personaSwitches(overlay, *derived));
-  append(machine, machineSwitches(overlay, facts.machine));
+  add(caller, originalArgs);
+  add(catalogue, facts.webglSwitches);
+  if (derived != nullptr) add(persona, personaSwitches(overlay, *derived));
+  add(machine, machineSwitches(overlay, facts.machine));
   arguments.push_back(startPage(overlay));
-  append(launcher, baseSwitches);
-  append(persona, debuggingSwitches(overlay.cdpTcpPort, originalArgs));
+  add(launcher, baseSwitches);
+  add(persona, debuggingSwitches(overlay.cdpTcpPort, originalArgs));
   return arguments;
 }
 

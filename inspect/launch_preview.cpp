@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "discovery/endpoints.h"
-#include "launcher/launch_execution.h"
 #include "platform/probe/mount_points.h"
 #include "profile/profile_cleaning.h"
 

@@ -1,17 +1,12 @@
 #pragma once
 
 #include "launcher/launch_plan.h"
-#include "launcher/process_values.h"
 
 namespace quillon {
 
-/// Reads what a plan takes from outside: the catalogue, only when a profile of it is named, and
-/// what this machine tells about itself. Any thread.
-[[nodiscard]] LaunchFacts gatherFacts(const ProcessValues& values);
-
-/// Does what is planned: cleans the profile, writes the result file, starts the engine, and ends
-/// the process with the plan's status, or by the fatal report when the engine cannot be started.
-/// Main thread.
+/// Executes a plan: removes data from the profile, writes the result file, starts the engine and
+/// ends the process with the plan's exit status. If the engine cannot be started, reports that and
+/// ends the process with status 1. Main thread.
 [[noreturn]] void execute(const LaunchPlan& plan);
 
 }  // namespace quillon

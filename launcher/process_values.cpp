@@ -2,6 +2,7 @@
 
 #include "launcher/engine_location.h"
 #include "overlay/overlay_file.h"
+#include "platform/host/host.h"
 
 namespace quillon {
 
@@ -20,6 +21,11 @@ ProcessValues readProcessValues(const std::vector<std::string>& argumentVector,
   values.overlayURL = overlayFileURL(request.userDataDir);
   request.overlay = loadOverlayKeys(values.overlayURL);
   return values;
+}
+
+LaunchFacts gatherFacts(const ProcessValues& values) {
+  return {{platform::physicalMemory(), platform::activeProcessorCount()},
+          webglProfileSwitches(values.request.overlay.webglProfile, values.cataloguePlaces())};
 }
 
 }  // namespace quillon

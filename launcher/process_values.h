@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/engine_arguments.h"
 #include "launcher/launch_request.h"
 #include "overlay/webgl_catalogue.h"
 #include "platform/core/path.h"
@@ -10,12 +11,13 @@
 
 namespace quillon {
 
-/// What one launch is about: fixed by the entry point and only read afterwards, from any thread.
+/// The values that decide one launch. The entry point reads them once; later code only reads this
+/// record, from any thread.
 struct ProcessValues {
   platform::Bundle bundle;
   /// The engine's own bundle inside the launcher's.
   platform::Path engineAppURL;
-  /// The path that the launcher was started by; empty when it was given none.
+  /// Argument zero: the path that started the launcher. Empty if the argument vector is empty.
   std::string programPath;
   platform::Path overlayURL;
   LaunchRequest request;
@@ -23,9 +25,14 @@ struct ProcessValues {
   [[nodiscard]] CataloguePlaces cataloguePlaces() const { return {bundle, programPath}; }
 };
 
-/// Fixes the values from the argument vector, program path first; it may be empty. `executable` is
-/// the launcher's own. Whatever is missing or malformed has its default: this never fails.
+/// Reads the values from the argument vector (program path first; it can be empty), the environment
+/// and the overlay. `executable` is the launcher's own path. Never fails: a missing or invalid
+/// value has its default.
 [[nodiscard]] ProcessValues readProcessValues(const std::vector<std::string>& argumentVector,
                                               const platform::Path& executable);
+
+/// Reads what a plan needs besides the process values: the memory and processors of this machine
+/// and, if the overlay names a WebGL profile, the catalogue. Any thread.
+[[nodiscard]] LaunchFacts gatherFacts(const ProcessValues& values);
 
 }  // namespace quillon
