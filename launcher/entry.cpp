@@ -29,8 +29,9 @@ int runWindowed(ProcessValues values) {
 int runLauncher(const std::vector<std::string>& argumentVector) {
   ProcessValues values = readProcessValues(argumentVector, platform::executableLocation());
   if (needsDiscovery(values.request.overlay)) return runWindowed(std::move(values));
-  // Nothing has to be learned from the proxy: the engine starts at once.
-  execute(planPassthrough(values.request, gatherFacts(values)));
+  const LaunchFacts facts = gatherFacts(values);
+  const LaunchPlan plan = planPassthrough(values.request, facts);
+  execute(plan);
 }
 
 }  // namespace quillon
