@@ -5,7 +5,7 @@
 
 namespace quillon {
 
-/// The languages that a browser in one country would use.
+/// The languages of a browser in one country.
 struct CountryLang {
   /// ISO 3166-1 alpha-2, upper case.
   std::string_view cc;
@@ -25,11 +25,12 @@ struct LanguagePair {
 inline constexpr std::size_t countryCount = 38;
 extern const std::array<CountryLang, countryCount> countryLangTable;
 
-/// The row of a country, its code in any case; null when the table does not have it. Any thread.
+/// The row of a country; the code can be in any case. Null if the table has no such row. Any
+/// thread.
 [[nodiscard]] const CountryLang* findCountryLang(std::string_view countryCode);
 
-/// The languages of a country, its code in any case; those of the United States when the table does
-/// not have it. The code is not trimmed. Any thread.
+/// The languages of a country; the code can be in any case and is not trimmed. For a country that
+/// is not in the table, the languages of the United States. Any thread.
 [[nodiscard]] LanguagePair lookupCountryLang(std::string_view countryCode);
 
 }  // namespace quillon

@@ -5,7 +5,7 @@
 namespace quillon {
 namespace {
 
-/// An attempt that was made, and where.
+/// The result of an attempt, and its endpoint.
 struct MadeAttempt {
   DiscoverResult result;
   Endpoint endpoint;

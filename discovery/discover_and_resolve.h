@@ -10,13 +10,13 @@
 
 namespace quillon {
 
-/// What a discovery came to.
+/// The outcome of a discovery.
 struct DiscoveryOutcome {
-  /// The attempt that counts, which is the last one, with the time of all attempts.
+  /// The result of the last attempt, with the time of all attempts.
   DiscoverResult result;
-  /// Where it was made.
+  /// The endpoint of the last attempt.
   Endpoint endpoint;
-  /// The facts for the result file, after a failure too.
+  /// The facts for the result file, also after a failure.
   DiscoveryCapture discovery;
   /// Empty after a failure.
   ResolvedPersona persona;
@@ -24,16 +24,18 @@ struct DiscoveryOutcome {
   [[nodiscard]] bool failed() const { return !result.errorCode.empty(); }
 };
 
-/// Told in a few words, for the user, what the discovery is doing now; on the thread it runs on.
+/// Receives a short text for the user about what the discovery does now. Called on the discovery's
+/// thread.
 using DiscoveryObserver = std::function<void(std::string status)>;
 
-/// Makes one attempt through a proxy against an endpoint: `discoverEgress`, or what stands in.
+/// Makes one attempt through a proxy at an endpoint: `discoverEgress`, or a substitute of a test.
 using EgressAttempt =
     std::function<DiscoverResult(const std::string& proxyServer, const std::string& endpointURL)>;
 
-/// Finds out where the overlay's proxy exits and what follows for the persona: one attempt at the
-/// primary endpoint and, when that fails and only the address is wanted, one at the fallback
-/// endpoint. Blocks while they run. Every failure is an outcome. Any thread.
+/// Discovers the egress address of the overlay's proxy and derives the persona's values from it.
+/// Makes one attempt at the primary endpoint. If it fails and only the address is needed, makes a
+/// second one at the fallback endpoint. Blocks during the attempts. Every failure is an outcome.
+/// Any thread.
 [[nodiscard]] DiscoveryOutcome discoverAndResolve(const OverlayKeys& overlay,
                                                   const DiscoveryObserver& observer,
                                                   const EgressAttempt& attempt);

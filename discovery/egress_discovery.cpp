@@ -22,7 +22,7 @@ struct ExitStatusMeaning {
   const char* errorCode;
 };
 
-/// curl's exit statuses that tell what is wrong with the proxy; every other one is internal.
+/// The exit statuses of curl with an error code of their own. All others are "INTERNAL".
 constexpr std::array<ExitStatusMeaning, 4> exitStatusMeanings{{
     {7, "PROXY_UNREACHABLE"},
     {28, "PROXY_TIMEOUT"},
@@ -88,8 +88,8 @@ std::optional<std::vector<std::string>> curlArguments(const DiscoveryRequest& re
 
 platform::Environment curlEnvironment(const DiscoveryRequest& request,
                                       const platform::Environment& inherited) {
-  static constexpr std::array<std::string_view, 2> waysAround{"no_proxy", "NO_PROXY"};
-  return request.proxyServer.empty() ? inherited : inherited.without(waysAround);
+  static constexpr std::array<std::string_view, 2> proxyExceptions{"no_proxy", "NO_PROXY"};
+  return request.proxyServer.empty() ? inherited : inherited.without(proxyExceptions);
 }
 
 DiscoverResult interpretCurlRun(const platform::ChildRun& run, std::int64_t elapsedMs,
@@ -104,7 +104,7 @@ DiscoverResult interpretCurlRun(const platform::ChildRun& run, std::int64_t elap
                    run.exitStatus, elapsedMs);
   }
   if (run.outputBytes != run.output.size()) {
-    // Beyond the limit there is only the head, which may end inside a character.
+    // A longer reply was truncated, possibly inside a character.
     const std::string head = platform::withoutInvalidBytes(run.output);
     return failure("DISCOVERY_HTTP_ERROR", noAddressMessage(head, run.outputBytes), 0, elapsedMs);
   }

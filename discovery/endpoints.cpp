@@ -21,7 +21,7 @@ Endpoint fallbackEndpoint() {
 bool isReservedHost(std::string_view host) {
   constexpr std::array<std::string_view, 6> reserved{"example",     "invalid",     "test",
                                                      "example.com", "example.net", "example.org"};
-  // Host names have no case.
+  // Host names are compared without case.
   const std::string name = platform::lowerCased(host);
   return std::any_of(reserved.begin(), reserved.end(), [&](std::string_view domain) {
     if (!name.ends_with(domain)) return false;

@@ -3,27 +3,27 @@
 #include <string>
 #include <string_view>
 
-/// The two web endpoints that tell the caller's address. Any thread.
+/// The two web endpoints that reply with the client's address. Any thread.
 namespace quillon {
 
 struct Endpoint {
-  /// What texts for the user call it.
+  /// Its name in texts for the user.
   std::string host;
   std::string url;
-  /// What the result file calls it.
+  /// Its name in the result file.
   std::string provider;
 };
 
-/// Answers a JSON object with the address, its country, timezone and coordinates.
+/// Replies with a JSON object: the address, its country, timezone and coordinates.
 [[nodiscard]] Endpoint primaryEndpoint();
 
-/// Answers the bare address.
+/// Replies with the bare address.
 [[nodiscard]] Endpoint fallbackEndpoint();
 
-/// Whether the host has a name that is reserved for examples and tests, so that nobody answers.
+/// Whether the host's name is reserved for examples and tests, so that there is no such host.
 [[nodiscard]] bool isReservedHost(std::string_view host);
 
-/// The label directly left of the top-level domain; the whole name when it has only one label.
+/// The label to the left of the top-level domain. If the name has only one label, that label.
 [[nodiscard]] std::string_view providerLabel(std::string_view host);
 
 }  // namespace quillon

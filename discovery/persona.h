@@ -8,22 +8,22 @@
 #include "discovery/egress_discovery.h"
 #include "overlay/overlay_keys.h"
 
-/// What follows from a discovery. Pure; any thread.
+/// The persona's values that are derived from a discovery. Pure; any thread.
 namespace quillon {
 
 /// The facts of the attempt whose result was used, for the result file.
 struct DiscoveryCapture {
   std::string ip;
-  /// As the endpoint gave it.
+  /// As in the reply.
   std::string countryCode;
-  /// Which endpoint was asked last.
+  /// The endpoint of the last attempt.
   std::string provider;
   std::string timezone;
-  /// Milliseconds of all attempts together.
+  /// Milliseconds, the sum of all attempts.
   std::int64_t elapsedMs = 0;
 };
 
-/// The persona values that were derived; an empty one was not.
+/// The derived values. A value that was not derived is empty.
 struct ResolvedPersona {
   std::string resolvedFakeIP;
   std::string resolvedGeoLat;
@@ -52,19 +52,18 @@ struct Derivation {
 inline constexpr std::size_t derivationCount = 6;
 extern const std::array<Derivation, derivationCount> derivations;
 
-/// Whether the overlay asks for the value and does not carry it.
+/// Whether the overlay asks for the value and does not set it itself.
 [[nodiscard]] bool isDerived(const Derivation& derivation, const OverlayKeys& overlay);
 
-/// Whether the overlay asks for a value that it does not carry itself: only then is a discovery,
-/// and with it a window, needed.
+/// The run mode: windowed if the overlay asks for a value that it does not set itself, otherwise
+/// passthrough. Only a windowed launch runs a discovery and shows the window.
 [[nodiscard]] bool needsDiscovery(const OverlayKeys& overlay);
 
-/// Whether the overlay asks for more than the address. The fallback endpoint tells no more than
-/// that, so it is no help then.
+/// Whether the overlay asks for more than the address. The fallback endpoint replies with the
+/// address only, so it is not used in this case.
 [[nodiscard]] bool wantsMoreThanAddress(const OverlayKeys& overlay);
 
-/// The values that a successful discovery gives to an overlay: those it asks for and does not
-/// carry.
+/// The values that the overlay asks for and does not set itself, from a successful discovery.
 [[nodiscard]] ResolvedPersona resolvePersona(const OverlayKeys& overlay,
                                              const DiscoverResult& discovered);
 

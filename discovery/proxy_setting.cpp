@@ -21,8 +21,8 @@ bool holdsEncodedControlCharacter(std::string_view text) {
 ProxyFault proxyFault(std::string_view proxyServer) {
   if (proxyServer.empty()) return ProxyFault::none;
   if (!proxyServer.starts_with(acceptedScheme)) return ProxyFault::scheme;
-  // curl skips further slashes in front of the login, and its versions differ in where the login
-  // ends. Everything in front of the last "@" is looked at, so that nothing curl decodes is missed.
+  // curl skips additional slashes before the login, and its versions differ in where the login
+  // ends. Therefore everything before the last "@" is checked.
   const std::size_t end = proxyServer.rfind('@');
   if (end == std::string_view::npos) return ProxyFault::none;
   const bool isSafe = !holdsEncodedControlCharacter(proxyServer.substr(0, end));

@@ -16,7 +16,7 @@ std::optional<std::string> deviceMemoryValue(std::uint64_t physicalMemory) {
     double gibibytes;
     const char* value;
   };
-  // A machine never reports its full memory, hence bounds below the classes they stand for.
+  // Systems report less than the installed memory, so each bound is below its class.
   constexpr std::array<MemoryClass, 6> classes{
       {{24, "32"}, {12, "16"}, {6, "8"}, {3, "4"}, {1.5, "2"}, {0, "1"}}};
   constexpr double bytesPerGibibyte = 1073741824;

@@ -9,29 +9,29 @@
 #include "discovery/persona.h"
 #include "overlay/overlay_keys.h"
 
-/// The engine switches that the persona adds to the launcher's own arguments. Pure; any thread.
+/// The engine's switches for the persona and for the machine. Pure; any thread.
 namespace quillon {
 
-/// Engine arguments in the order in which the engine gets them.
+/// Engine arguments, in order.
 using SwitchList = std::vector<std::string>;
 
-/// What the persona tells of the machine.
+/// The machine's properties that websites can read.
 struct Machine {
-  /// Bytes; 0 when unknown.
+  /// In bytes; 0 if unknown.
   std::uint64_t physicalMemory = 0;
-  /// 0 when unknown.
+  /// 0 if unknown.
   int activeProcessorCount = 0;
 };
 
-/// Adds "--name=value", unless the value is empty, as it is when it begins with a NUL: a NUL ends
-/// an argument. Nothing is quoted or escaped.
+/// Adds "--name=value" unless the value is empty or begins with a NUL, which ends an argument.
+/// Nothing is quoted or escaped.
 void appendSwitch(SwitchList& switches, std::string_view name, std::string_view value);
 
-/// The memory class of a machine of so many bytes, as browsers report it, in GiB: 1, 2, 4, 8, 16 or
-/// 32. Nothing for unknown memory.
+/// The memory class that browsers report for a machine with this many bytes of memory, in GiB: 1,
+/// 2, 4, 8, 16 or 32. Nothing if the memory is unknown.
 [[nodiscard]] std::optional<std::string> deviceMemoryValue(std::uint64_t physicalMemory);
 
-/// The switches for what was derived from the exit address.
+/// The switches for the values derived from the egress address.
 [[nodiscard]] SwitchList personaSwitches(const OverlayKeys& overlay,
                                          const ResolvedPersona& persona);
 

@@ -4,9 +4,9 @@
 
 namespace quillon {
 
-/// The engine executable: what QUILLON_ENGINE_BIN names, if it is set and not empty, else the one
-/// inside the engine's own bundle. A relative path counts from the current folder. Nothing is
-/// checked: whether it can be run shows when it is to be started.
+/// The engine executable: the value of QUILLON_ENGINE_BIN if it is set and not empty, otherwise the
+/// executable in the engine's bundle. A relative path is relative to the current folder. The file
+/// is not checked here, but when it is started.
 [[nodiscard]] platform::Path locateEngineBinary(const platform::Path& engineAppURL);
 
 }  // namespace quillon

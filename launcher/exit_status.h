@@ -4,17 +4,17 @@
 
 namespace quillon {
 
-/// How the launcher ends.
+/// The launcher's exit statuses.
 enum class ExitStatus {
   /// The engine was started, or the user closed the window or its display was lost.
   success = 0,
   /// The engine cannot be started.
   fatalFailure = 1,
-  /// The discovery failed, and the overlay wants no engine then.
+  /// The discovery failed, and the overlay blocks the engine in this case.
   blocked = 42,
 };
 
-/// Ends the process at once, whatever other threads do.
+/// Ends the process immediately, even if other threads are running.
 [[noreturn]] inline void exitProcess(ExitStatus status) {
   platform::endProcess(static_cast<int>(status));
 }

@@ -7,14 +7,14 @@
 
 namespace quillon {
 
-/// What the user is told about an engine that could not be started. Pure.
+/// The message about an engine that could not be started. Pure.
 [[nodiscard]] std::string fatalMessage(const SpawnError& error);
 
-/// The alert that says so. Pure.
+/// The alert that shows the message. Pure.
 [[nodiscard]] platform::ui::Alert fatalAlert(const std::string& message);
 
-/// Gives up: a line on standard error, an alert that waits for the user (none without a display),
-/// and the end of the process with status 1. Main thread.
+/// Writes a line to standard error, shows an alert until the user closes it, and ends the process
+/// with status 1. Without a display there is no alert. Main thread.
 [[noreturn]] void reportFatalLaunchFailure(const std::string& message);
 
 }  // namespace quillon

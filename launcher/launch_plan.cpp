@@ -7,7 +7,7 @@
 namespace quillon {
 namespace {
 
-/// What the overlay wants removed; nothing without a profile folder.
+/// What the overlay asks to remove. Empty without a profile folder.
 ProfileItems removalsOf(const LaunchRequest& request) {
   ProfileItems removals;
   if (!request.userDataDir || request.userDataDir->empty()) return removals;

@@ -10,33 +10,33 @@
 #include "profile/profile_items.h"
 #include "reports/launch_result.h"
 
-/// What a launch will do, before it does any of it. Pure; any thread.
+/// What a launch will do. Pure; any thread.
 namespace quillon {
 
-/// One launch, decided.
+/// One launch, with everything decided.
 struct LaunchPlan {
   std::optional<std::string> userDataDir;
   /// Removed from the profile folder.
   ProfileItems removals;
   /// Empty if no engine is started.
   EngineArguments engineArguments;
-  /// The result file but for its time stamp.
+  /// The content of the result file, except its time stamp.
   LaunchResultRecord result;
-  /// The launcher's, unless the engine cannot be started.
+  /// The launcher's exit status, unless the engine cannot be started.
   ExitStatus exitStatus = ExitStatus::success;
 };
 
 /// A launch that needs no discovery.
 [[nodiscard]] LaunchPlan planPassthrough(const LaunchRequest& request, const LaunchFacts& facts);
 
-/// A launch after its discovery, be it one that failed, with the engine to be started.
+/// A launch that starts the engine after its discovery, whether that succeeded or failed.
 [[nodiscard]] LaunchPlan planWindowed(const LaunchRequest& request, const LaunchFacts& facts,
                                       const DiscoveryOutcome& outcome);
 
-/// A launch that ends after its discovery: nothing is removed and no engine started.
+/// A launch that ends after its discovery: it removes nothing and does not start the engine.
 [[nodiscard]] LaunchPlan planBlocked(const LaunchRequest& request, const DiscoveryOutcome& outcome);
 
-/// Whether the overlay's policy keeps the engine from starting after this discovery.
+/// Whether the overlay's policy prevents the start of the engine after this discovery.
 [[nodiscard]] bool blocksEngine(const OverlayKeys& overlay, const DiscoveryOutcome& outcome);
 
 }  // namespace quillon

@@ -9,13 +9,13 @@
 
 namespace quillon {
 
-/// What is asked of one launch.
+/// The input of one launch.
 struct LaunchRequest {
   OverlayKeys overlay;
   platform::Path engineBinary;
-  /// The launcher's arguments without the program path, as they came: not necessarily UTF-8.
+  /// The launcher's arguments without the program path, unchanged. They need not be UTF-8.
   std::vector<std::string> originalArgs;
-  /// The profile folder; absent when no argument names one, empty when one names nothing.
+  /// The profile folder. Absent if no argument sets it, empty if its argument has no value.
   std::optional<std::string> userDataDir;
 };
 

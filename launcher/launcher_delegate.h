@@ -31,7 +31,8 @@ class LauncherDelegate final : public platform::ui::ApplicationDelegate,
   /// Shows the splash window and starts the launch sequence in the background. Main thread, once.
   void applicationDidFinishLaunching() override;
 
-  /// Ends the process at once with status 0: no report, no engine. Main thread.
+  /// Ends the process immediately with status 0, without a report and without an engine. Main
+  /// thread.
   void windowWillClose() override;
 
   /// Takes the steps of the launch, then posts `finishLaunch` with the outcome to the main thread.

@@ -5,16 +5,16 @@
 #include "discovery/discover_and_resolve.h"
 #include "discovery/persona.h"
 
-/// What the steps of the splash window say once they are over. Pure.
+/// The status texts of completed steps in the splash window. Pure.
 namespace quillon {
 
-/// The exit address; after a failure its code and what the overlay's policy makes of it.
+/// The egress address; after a failure the error code and whether the overlay blocks the engine.
 [[nodiscard]] std::string discoveryText(const DiscoveryOutcome& outcome, bool blocked);
 
-/// The derived values; "none (passthrough)" without any.
+/// The derived values, or "none (passthrough)" if there are none.
 [[nodiscard]] std::string overridesText(const ResolvedPersona& persona, bool blocked);
 
-/// Empty unless the engine is not started.
+/// Empty if the engine is started.
 [[nodiscard]] std::string engineText(bool blocked);
 
 }  // namespace quillon

@@ -20,7 +20,7 @@ struct ResetRow {
   ProfileItem item;
 };
 
-/// A key stands in a row for each of its items.
+/// One row for each item; a key can have several.
 constexpr std::array<ResetRow, 17> resetTable{{
     {"cookies", {defaultProfile, "Cookies"}},
     {"cookies", {defaultProfile, "Cookies-journal"}},
@@ -62,7 +62,7 @@ void resetGranularStorage(ProfileItems& removals,
     return entry != granularStorageReset.end() && entry->second;
   };
   const bool all = isTrue("all");
-  // The cache storage lies inside what the service workers' row removes whole.
+  // The row of the service workers removes the whole folder that contains the cache storage.
   const bool withServiceWorkers = all || isTrue("service_workers");
   for (const ResetRow& row : resetTable) {
     if (row.key == "cache_storage" && withServiceWorkers) continue;

@@ -8,7 +8,7 @@
 /// What is removed from a profile before the engine starts. Pure; any thread.
 namespace quillon {
 
-/// Something that the engine stores in a profile, and the folder its path counts from.
+/// A file or folder of a profile, and the folder that its path is relative to.
 struct ProfileItem {
   /// The profile folder itself, or its "Default", where the engine keeps the user's data.
   enum class Base { root, defaultProfile };
@@ -19,14 +19,14 @@ struct ProfileItem {
 
 using ProfileItems = std::vector<ProfileItem>;
 
-/// Adds what holds the tabs of the previous session, so that the engine does not reopen them.
+/// Adds the files with the previous session's tabs, so that the engine does not reopen them.
 void clearPreviousTabs(ProfileItems& removals);
 
-/// The keys of the kinds of stored site data, "all" among them.
+/// The keys of all kinds of stored site data, including "all".
 [[nodiscard]] std::vector<std::string_view> granularResetKeys();
 
-/// Adds the kinds of stored site data whose keys are true; "all" stands for every kind. Unknown
-/// keys select nothing.
+/// Adds the kinds of stored site data whose keys are true; "all" means every kind. Unknown keys
+/// have no effect.
 void resetGranularStorage(ProfileItems& removals,
                           const std::map<std::string, bool>& granularStorageReset);
 

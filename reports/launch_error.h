@@ -7,12 +7,12 @@
 
 namespace quillon {
 
-/// Why a discovery failed. An absent value leaves its member out; an empty one does not.
+/// Why a discovery failed. The member of an absent value is omitted, that of an empty value is not.
 struct LaunchErrorRecord {
   std::string step;
   std::string errorCode;
   std::string message;
-  /// As the overlay has it, password included.
+  /// As in the overlay, with the password.
   std::optional<std::string> proxy;
   std::optional<std::string> discoveryUrl;
   std::optional<std::int64_t> curlExitCode;
@@ -24,11 +24,11 @@ struct LaunchErrorRecord {
 [[nodiscard]] std::string launchErrorText(const LaunchErrorRecord& record,
                                           std::string_view timestamp);
 
-/// Replaces ".quillon-launcher-error.json" in the profile folder, or in the user's own folder
-/// without one. A failure is passed over. Any thread.
+/// Replaces ".quillon-launcher-error.json" in the profile folder or, if there is none, in the
+/// per-user folder. A failure is ignored. Any thread.
 void writeErrorFile(const std::optional<std::string>& userDataDir, const LaunchErrorRecord& record);
 
-/// Removes that file; it need not be there. Any thread.
+/// Removes that file if it exists. Any thread.
 void removeErrorFile(const std::optional<std::string>& userDataDir);
 
 }  // namespace quillon

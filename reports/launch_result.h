@@ -7,7 +7,7 @@
 
 namespace quillon {
 
-/// What a launch came to. Addresses, coordinates and time zones travel as text.
+/// The outcome of a launch. Addresses, coordinates and time zones are text.
 struct LaunchResultRecord {
   /// "passthrough", "ok" or "blocked".
   std::string status;
@@ -25,12 +25,12 @@ struct LaunchResultRecord {
   std::string launcherVersion;
 };
 
-/// The text of the result file: always the same fifteen members in the same order. Pure.
+/// The text of the result file: always the same 15 members in the same order. Pure.
 [[nodiscard]] std::string launchResultText(const LaunchResultRecord& record,
                                            std::string_view timestamp);
 
-/// Replaces ".quillon-launcher-result.json" in the profile folder, or in the user's own folder
-/// without one. A failure is passed over. Any thread.
+/// Replaces ".quillon-launcher-result.json" in the profile folder or, if there is none, in the
+/// per-user folder. A failure is ignored. Any thread.
 void writeResultFile(const std::optional<std::string>& userDataDir,
                      const LaunchResultRecord& record);
 

@@ -7,18 +7,18 @@
 
 #include "platform/core/path.h"
 
-/// Where report files lie and how one is replaced. No shared state; any thread.
+/// Where report files are, and how they are replaced. No shared state; any thread.
 namespace quillon {
 
-/// The file in the profile folder, or in the user's own folder when there is no profile folder or
-/// its name is empty.
+/// The file in the profile folder or, if that is absent or its name is empty, in the per-user
+/// folder.
 [[nodiscard]] platform::Path reportFileURL(const std::optional<std::string>& userDataDir,
                                            std::string_view fileName);
 
-/// Replaces a report as a whole, by one rename, and creates its folder when it is missing: of any
-/// number of launches at the same instant a reader finds the report of one, and the last to end
-/// leaves its own. `makeText` is called once the folder is there. False on any failure; then the
-/// old report is still there and nothing is left over.
+/// Replaces a report by one rename, and creates its folder if it is missing. If several launches
+/// write at the same time, a reader always finds one whole report, and the last rename wins.
+/// `makeText` is called once the folder exists. Returns false on any failure; then the old report
+/// remains and no temporary file is left.
 bool writeReportAtomically(const std::function<std::string()>& makeText, const platform::Path& url);
 
 }  // namespace quillon

@@ -7,7 +7,7 @@ namespace {
 
 constexpr unsigned char firstUnescapedCode = 0x20;
 
-/// Every byte that needs escaping is an ASCII character: the bytes of all others are 0x80 or more.
+/// Every byte that needs escaping is an ASCII character; all others are 0x80 or more.
 void appendEscaped(std::string& out, char character) {
   switch (character) {
     case '"':
@@ -99,8 +99,8 @@ std::string writeJsonObject(const std::vector<ReportMember>& members) {
 
 std::string timestampText(std::chrono::system_clock::time_point instant) {
   using namespace std::chrono;
-  // Calendar arithmetic and digits by hand: the C library would read the time zone's file even for
-  // UTC, and its printing takes longer to load than the rest of a report to write.
+  // Without the C library's functions: they read the time zone file even for UTC, and loading its
+  // formatted output takes longer than writing the rest of a report.
   const auto day = floor<days>(instant);
   const year_month_day date(day);
   const hh_mm_ss time(floor<seconds>(instant - day));

@@ -8,21 +8,21 @@
 #include <variant>
 #include <vector>
 
-/// The text of the report files: one JSON object on one line, members in the order given, no blank
-/// anywhere, a line feed at the end. Any thread.
+/// The text of the report files: one JSON object on one line, members in the given order, no white
+/// space between tokens, a line feed at the end. Any thread.
 namespace quillon {
 
-/// A value that is JSON text already: an object in an object, a list, true or false.
+/// A value that is already JSON text: an object in an object, a list, true or false.
 struct JsonText {
   std::string text;
 };
 
-/// What a member holds; std::monostate is written as null.
+/// The value of a member. std::monostate is written as null.
 using ReportValue = std::variant<std::monostate, std::string, std::int64_t, JsonText>;
 using ReportMember = std::pair<std::string_view, ReportValue>;
 
-/// The content of a JSON string (RFC 8259) for a text, without the quotes around it. Only what
-/// must be escaped is; bytes beyond ASCII stay as they are.
+/// A text as the content of a JSON string (RFC 8259), without the quotes. Only what must be escaped
+/// is escaped; bytes beyond ASCII are unchanged.
 [[nodiscard]] std::string jsonEscape(std::string_view text);
 
 /// The members as one JSON object, without a line feed.
@@ -37,7 +37,7 @@ using ReportMember = std::pair<std::string_view, ReportValue>;
 /// An instant as ISO 8601 in UTC without fractions: 2026-03-01T14:05:09Z.
 [[nodiscard]] std::string timestampText(std::chrono::system_clock::time_point instant);
 
-/// The same for now.
+/// The current time in the same form.
 [[nodiscard]] std::string reportTimestamp();
 
 }  // namespace quillon

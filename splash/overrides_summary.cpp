@@ -33,21 +33,21 @@ bool isActiveText(const std::string& text) {
 }
 
 template <class Predicate>
-std::vector<std::string> sortedKeys(const JsonObject& object, Predicate counts) {
+std::vector<std::string> sortedKeys(const JsonObject& object, Predicate isListed) {
   std::vector<std::string> keys;
   for (const auto& [key, value] : object.members()) {
-    if (counts(key) && isActiveOverlayValue(value)) keys.push_back(key);
+    if (isListed(key) && isActiveOverlayValue(value)) keys.push_back(key);
   }
   std::sort(keys.begin(), keys.end());
   return keys;
 }
 
-/// A header with a line for each entry and the gap below the header.
+/// A header, a line for each entry, and the gap below the header.
 double sectionHeight(std::size_t entries) {
   return entries == 0 ? 0 : lineHeight * static_cast<double>(entries + 1) + headerGap;
 }
 
-/// The text itself when it has at most `longest` characters, else its first `kept` and an ellipsis.
+/// The text if it has at most `longest` characters, otherwise its first `kept` and an ellipsis.
 std::string shortened(std::string_view text, std::size_t longest, std::size_t kept) {
   if (platform::firstCharacters(text, longest).size() == text.size()) return std::string(text);
   return std::string(platform::firstCharacters(text, kept)).append(ellipsis);
@@ -82,7 +82,7 @@ struct Section {
   const JsonObject* values;
 };
 
-/// Lays a section out upwards from `y` and returns where the next one may start.
+/// Adds the labels of a section from `y` upwards. Returns where the next section starts.
 double layOutSection(ui::Window& window, const Section& section, double y) {
   if (section.keys.empty() || section.values == nullptr) return y;
   const std::size_t keyWidth = keyWidthFor(section.keys);

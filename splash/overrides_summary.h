@@ -8,15 +8,15 @@
 #include "platform/text/json.h"
 #include "platform/ui/window.h"
 
-/// What a persona overlay switches on, as the lower part of the splash window lists it.
+/// The list of the overlay's active settings in the lower part of the splash window.
 namespace quillon {
 
 struct OverridesSummary {
-  /// The top-level keys that are switched on, ascending.
+  /// The active top-level keys, in ascending order.
   std::vector<std::string> activeKeys;
-  /// The raw engine switches that are switched on, ascending.
+  /// The active raw engine switches, in ascending order.
   std::vector<std::string> switchKeys;
-  /// The overlay's own object of raw switches, not owned; null when it has none.
+  /// The overlay's object of raw switches, not owned. Null if there is none.
   const platform::JsonObject* switchObject = nullptr;
 };
 
@@ -24,23 +24,23 @@ struct OverridesSummary {
 /// strings and the words false, 0, off and no in any case, blanks around them included. Pure.
 [[nodiscard]] bool isActiveOverlayValue(const platform::JsonValue& value);
 
-/// A value as a user reads it: strings as they are, arrays and objects as compact JSON, nothing for
+/// A value as the user reads it: strings unchanged, other values as compact JSON, an empty text for
 /// null and for a null pointer. Pure.
 [[nodiscard]] std::string overlayValueText(const platform::JsonValue* value);
 
-/// The summary of an overlay, which may be null and must outlive the summary. Pure.
+/// The summary of an overlay. The object can be null; otherwise it must outlive the summary. Pure.
 [[nodiscard]] OverridesSummary summarizeOverlay(const platform::JsonObject* overlayObject);
 
-/// The height that the summary takes in the window, in points; 0 for an empty one. Pure.
+/// The height of the summary in the window, in points. 0 if the summary is empty. Pure.
 [[nodiscard]] double summaryHeight(const OverridesSummary& summary);
 
-/// One line of the summary: the key cut or padded to `keyWidth` characters, two blanks, and the
-/// value, cut when it is long. Lengths count user-perceived characters. Pure.
+/// One line of the summary: the key, truncated or padded to `keyWidth` characters, two spaces, and
+/// the value, truncated if it is long. Lengths are in user-perceived characters. Pure.
 [[nodiscard]] std::string summaryLine(std::string_view key, std::string_view valueText,
                                       std::size_t keyWidth);
 
-/// Adds the summary's labels to the window, from its bottom upwards: the raw switches, above them
-/// the active overrides. Adds nothing for an empty summary. Main thread.
+/// Adds the summary's labels to the window: the raw switches at the bottom, the active overrides
+/// above them. Adds nothing if the summary is empty. Main thread.
 void layoutOverridesSummary(platform::ui::Window& window, const OverridesSummary& summary,
                             const platform::JsonObject* overlayObject);
 

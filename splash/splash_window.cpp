@@ -18,14 +18,14 @@ using Weight = ui::Font::Weight;
 
 constexpr double contentWidth = 460;
 constexpr double contentHeight = 240;
-/// A summary up to this height fits under the rows.
-constexpr double summaryRoom = 44;
+/// A summary up to this height fits below the rows.
+constexpr double summarySpace = 44;
 constexpr double firstRowY = 148;
 constexpr double rowDistance = 24;
 constexpr double lineHeight = 20;
 
-/// How a state of a step looks. Not every font has the hourglass, and some lack the other glyphs:
-/// the last substitute is in every font.
+/// The appearance of a step's state. Not every font has the hourglass, and some lack the other
+/// glyphs: the last substitute is in every font.
 struct StepLook {
   const char* glyph = "";
   std::array<const char*, 3> substitutes;
@@ -60,7 +60,7 @@ SplashWindow::SplashWindow(std::vector<SplashStep> initialSteps,
                            const platform::JsonObject* overlayObject)
     : steps(std::move(initialSteps)) {
   const OverridesSummary summary = summarizeOverlay(overlayObject);
-  const double extraHeight = std::max(summaryHeight(summary) - summaryRoom, 0.0);
+  const double extraHeight = std::max(summaryHeight(summary) - summarySpace, 0.0);
   window.title = "Preparing Nimbra…";
   window.contentSize = {contentWidth, contentHeight + extraHeight};
   window.background = colors::background;

@@ -10,8 +10,8 @@
 
 namespace quillon {
 
-/// One step of the launch as the splash window shows it. It is pending until `done`; `failed`
-/// counts whatever `done` says.
+/// One step of the launch in the splash window: failed if `failed`, otherwise done if `done`,
+/// otherwise pending.
 struct SplashStep {
   std::string label;
   std::string status;
@@ -22,7 +22,8 @@ struct SplashStep {
 /// The four steps of every launch, all pending.
 [[nodiscard]] std::vector<SplashStep> initialSplashSteps();
 
-/// The progress window: a row per step and, below, what the overlay switches on. Main thread only.
+/// The progress window: a row for each step and, below, the overlay's active settings. Main thread
+/// only.
 class SplashWindow {
  public:
   /// The labels of one step.
@@ -32,14 +33,14 @@ class SplashWindow {
     platform::ui::Label& status;
   };
 
-  /// Builds the window without showing it. `overlayObject` may be null; it is not kept. The rows
-  /// start as pending whatever the steps say.
+  /// Creates the window without showing it. `overlayObject` can be null; it is not kept. Every row
+  /// is shown as pending until the first update.
   SplashWindow(std::vector<SplashStep> initialSteps, const platform::JsonObject* overlayObject);
 
   /// Brings the window and the application to the front.
   void showSplash();
 
-  /// Changes one step and redraws the rows; nothing at all for an index beyond the steps.
+  /// Changes one step and redraws the rows. Does nothing if there is no step with this index.
   void updateStep(std::size_t index, const std::function<void(SplashStep&)>& change);
 
   /// Redraws the rows from the steps.
