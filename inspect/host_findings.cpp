@@ -120,9 +120,9 @@ Findings runningBrowser(const LaunchPreview& preview) {
                "/SingletonLock), and the launch removes files under its hands. Close it first."}};
 }
 
-Findings linksInTheWay(const LaunchPreview& preview) {
+Findings skippedSymlinks(const LaunchPreview& preview) {
   Findings findings;
-  for (const platform::Path& link : preview.linksInTheWay) {
+  for (const platform::Path& link : preview.skippedSymlinks) {
     findings.push_back({Level::warning, "",
                         link.text() +
                             " is a link: what the launch is to remove behind it stays, and may "
@@ -131,9 +131,9 @@ Findings linksInTheWay(const LaunchPreview& preview) {
   return findings;
 }
 
-Findings mountsInTheWay(const LaunchPreview& preview) {
+Findings skippedMounts(const LaunchPreview& preview) {
   Findings findings;
-  for (const platform::Path& mount : preview.mountsInTheWay) {
+  for (const platform::Path& mount : preview.skippedMounts) {
     findings.push_back({Level::warning, "",
                         mount.text() +
                             ": is a mount point: the launch removes nothing in it, and what stays "
@@ -146,8 +146,8 @@ Findings mountsInTheWay(const LaunchPreview& preview) {
 
 Findings hostFindings(const LaunchPreview& preview) {
   constexpr std::array<Check, 10> checks{
-      missingEngine, tooLongForTheEngine, tooLongForCurl, missingCurl,   curlConfiguration,
-      reservedHosts, unusableFolder,      runningBrowser, linksInTheWay, mountsInTheWay};
+      missingEngine, tooLongForTheEngine, tooLongForCurl, missingCurl,     curlConfiguration,
+      reservedHosts, unusableFolder,      runningBrowser, skippedSymlinks, skippedMounts};
   return findWith(checks, preview);
 }
 

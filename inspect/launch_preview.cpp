@@ -95,10 +95,10 @@ LaunchPreview previewLaunch(const platform::Path& launcher,
   preview.facts = gatherFacts(preview.values);
   preview.plan = planOf(preview);
   const std::string userDataDir = preview.plan.userDataDir.value_or("");
-  preview.linksInTheWay = findLinksInTheWay(userDataDir, preview.plan.removals);
-  preview.mountsInTheWay =
-      findMountsInTheWay(platform::mountPoints(), userDataDir, preview.plan.removals);
-  preview.removes = removedBy(preview.plan, preview.mountsInTheWay);
+  preview.skippedSymlinks = findSkippedSymlinks(userDataDir, preview.plan.removals);
+  preview.skippedMounts =
+      findSkippedMounts(platform::mountPoints(), userDataDir, preview.plan.removals);
+  preview.removes = removedBy(preview.plan, preview.skippedMounts);
   return preview;
 }
 

@@ -30,9 +30,9 @@ struct LaunchPreview {
   /// What the plan would remove and exists: absolute paths, none inside another.
   std::vector<platform::Path> removes;
   /// Links in the profile behind which the plan would remove something, and the launch does not.
-  std::vector<platform::Path> linksInTheWay;
+  std::vector<platform::Path> skippedSymlinks;
   /// Mount points in the profile: what the plan would remove in them, the launch does not.
-  std::vector<platform::Path> mountsInTheWay;
+  std::vector<platform::Path> skippedMounts;
 
   /// Whether nothing in the plan is unknown.
   [[nodiscard]] bool isComplete() const {

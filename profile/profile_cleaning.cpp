@@ -51,7 +51,7 @@ std::vector<Path> findInProfile(const std::string& userDataDir, const ProfileIte
   return found;
 }
 
-std::vector<Path> findLinksInTheWay(const std::string& userDataDir, const ProfileItems& items) {
+std::vector<Path> findSkippedSymlinks(const std::string& userDataDir, const ProfileItems& items) {
   std::vector<Path> links;
   for (const std::string& path : pathsOf(items)) {
     for (Path below = Path(path).folder(); !below.empty(); below = below.folder()) {
@@ -62,8 +62,8 @@ std::vector<Path> findLinksInTheWay(const std::string& userDataDir, const Profil
   return links;
 }
 
-std::vector<Path> findMountsInTheWay(const std::vector<Path>& mountPoints,
-                                     const std::string& userDataDir, const ProfileItems& items) {
+std::vector<Path> findSkippedMounts(const std::vector<Path>& mountPoints,
+                                    const std::string& userDataDir, const ProfileItems& items) {
   std::vector<Path> found;
   const Path profile = platform::resolvedPath(userDataDir);
   const auto paths = pathsOf(items);

@@ -22,12 +22,12 @@ void removeFromProfile(const std::string& userDataDir, const ProfileItems& items
                                                         const ProfileItems& items);
 
 /// The links behind which `removeFromProfile` would find items if it followed any. Any thread.
-[[nodiscard]] std::vector<platform::Path> findLinksInTheWay(const std::string& userDataDir,
-                                                            const ProfileItems& items);
+[[nodiscard]] std::vector<platform::Path> findSkippedSymlinks(const std::string& userDataDir,
+                                                              const ProfileItems& items);
 
 /// Those of the system's mount points that `removeFromProfile` would have to remove or enter to
 /// remove all. Their paths contain no links. Any thread.
-[[nodiscard]] std::vector<platform::Path> findMountsInTheWay(
+[[nodiscard]] std::vector<platform::Path> findSkippedMounts(
     const std::vector<platform::Path>& mountPoints, const std::string& userDataDir,
     const ProfileItems& items);
 

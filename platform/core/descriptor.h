@@ -1,9 +1,12 @@
 #pragma once
 
+#include <unistd.h>
+
+#include <cerrno>
 #include <optional>
 #include <utility>
 
-/// Owners of POSIX descriptors.
+/// POSIX descriptors: their owners, and calls that a signal may interrupt.
 namespace quillon::platform {
 
 /// Owns one descriptor and closes it. Closing is never retried: after an interrupted close the
@@ -12,7 +15,7 @@ class UniqueFd {
  public:
   UniqueFd() = default;
   explicit UniqueFd(int descriptor) : descriptor_(descriptor) {}
-  UniqueFd(UniqueFd&& other) noexcept : descriptor_(std::exchange(other.descriptor_, none)) {}
+  UniqueFd(UniqueFd&& other) noexcept : descriptor_(other.release()) {}
   UniqueFd& operator=(UniqueFd&& other) noexcept {
     std::swap(descriptor_, other.descriptor_);
     return *this;
@@ -23,9 +26,11 @@ class UniqueFd {
 
   [[nodiscard]] bool isOpen() const { return descriptor_ != none; }
   [[nodiscard]] int get() const { return descriptor_; }
-  /// Gives the descriptor up; the caller closes it.
+  /// Gives up the ownership; the caller closes the descriptor.
   [[nodiscard]] int release() { return std::exchange(descriptor_, none); }
-  void reset();
+  void reset() {
+    if (isOpen()) ::close(release());
+  }
 
  private:
   static constexpr int none = -1;
@@ -37,8 +42,16 @@ struct Pipe {
   UniqueFd readEnd;
   UniqueFd writeEnd;
 
-  /// Nothing when the system has no descriptor left.
+  /// Nothing if the system has no descriptor left.
   static std::optional<Pipe> open();
 };
+
+/// Repeats a system call while a signal interrupts it. Never for `close`.
+template <class Call>
+auto retryInterrupted(Call call) {
+  auto result = call();
+  while (result == -1 && errno == EINTR) result = call();
+  return result;
+}
 
 }  // namespace quillon::platform

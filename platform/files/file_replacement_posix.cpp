@@ -13,7 +13,6 @@
 #include <utility>
 
 #include "platform/core/descriptor.h"
-#include "platform/core/interrupted_call.h"
 #include "platform/files/files.h"
 #include "platform/process/process.h"
 #include "platform/process/signals.h"

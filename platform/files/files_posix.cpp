@@ -6,7 +6,7 @@
 #include <cerrno>
 #include <new>
 
-#include "platform/core/interrupted_call.h"
+#include "platform/core/descriptor.h"
 #include "platform/files/files.h"
 #include "platform/files/open_folder.h"
 #include "platform/files/tree_removal.h"

@@ -7,7 +7,7 @@
 
 #include <cerrno>
 
-#include "platform/core/interrupted_call.h"
+#include "platform/core/descriptor.h"
 
 namespace quillon::platform {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/core/interrupted_call.h"
+#include "platform/core/descriptor.h"
 
 namespace quillon::platform {
 namespace {

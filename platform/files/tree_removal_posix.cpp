@@ -10,7 +10,7 @@
 
 #include "platform/core/descriptor.h"
 #include "platform/files/open_folder.h"
-#include "platform/files/removal_crew.h"
+#include "platform/files/removal_workers.h"
 #include "platform/files/tree_walk.h"
 
 namespace quillon::platform {
@@ -30,22 +30,22 @@ NamesByFolder namesByFolder(std::span<const std::string> paths) {
   return groups;
 }
 
-void removeIn(int folder, const std::vector<std::string>& names, RemovalCrew& crew) {
+void removeIn(int folder, const std::vector<std::string>& names, RemovalWorkers& workers) {
   std::size_t removedCount = 0;
   std::vector<std::string> folders = unlinkFiles(folder, {names, {}}, removedCount);
   if (folders.empty()) return;
   UniqueFd copy = openFolder(folder, ".", FolderUse::search);
-  if (copy.isOpen()) crew.remove({std::move(copy), std::move(folders)});
+  if (copy.isOpen()) workers.remove({std::move(copy), std::move(folders)});
 }
 
-void removeGroups(int base, std::span<const std::string> paths, RemovalCrew& crew) {
+void removeGroups(int base, std::span<const std::string> paths, RemovalWorkers& workers) {
   for (const auto& [path, names] : namesByFolder(paths)) {
     if (path.empty()) {
-      removeIn(base, names, crew);
+      removeIn(base, names, workers);
       continue;
     }
     const UniqueFd folder = openFolder(base, path.c_str(), FolderUse::search);
-    if (folder.isOpen()) removeIn(folder.get(), names, crew);
+    if (folder.isOpen()) removeIn(folder.get(), names, workers);
   }
 }
 
@@ -59,13 +59,13 @@ Unlinked unlinkFile(int parent, const char* path) {
 }
 
 void removeBelow(int base, std::span<const std::string> paths) {
-  RemovalCrew crew;
-  const auto removeAll = [&] { removeGroups(base, paths, crew); };
-  crew.attempt(removeAll);
+  RemovalWorkers workers;
+  const auto removeAll = [&] { removeGroups(base, paths, workers); };
+  workers.attempt(removeAll);
   // Walks side by side leave the folders that another one was still busy below, and those that no
   // descriptor or memory was free for; a walk whose folder was moved away leaves all it still had
   // to do. The last walk is alone.
-  if (crew.disband()) crew.attempt(removeAll);
+  if (workers.finish()) workers.attempt(removeAll);
 }
 
 }  // namespace quillon::platform

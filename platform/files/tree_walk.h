@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "platform/core/descriptor.h"
-#include "platform/files/removal_crew.h"
+#include "platform/files/removal_workers.h"
 
 namespace quillon::platform {
 
@@ -26,15 +26,15 @@ struct Listing {
 /// files it removed.
 std::vector<std::string> unlinkFiles(int folder, Listing listing, std::size_t& removedCount);
 
-/// Empties and removes folders and hands some to its crew. It reads a bounded number of names at a
-/// time, removes them and reads on, so it uses one descriptor, one more for each folder on the
+/// Empties and removes folders and hands some to its workers. It reads a bounded number of names at
+/// a time, removes them and reads on, so it uses one descriptor, one more for each folder on the
 /// way down that it has not read to the end, and memory in proportion to the depth. The way back up
 /// is the folder's "..", taken only when it is the folder that the walk came from: somebody may
 /// move folders meanwhile. Throws if memory runs out; what is left then stays. One thread at a
 /// time.
 class TreeWalk {
  public:
-  TreeWalk(RemovalShare share, RemovalCrew& crew);
+  TreeWalk(RemovalTask task, RemovalWorkers& workers);
 
   void run();
 
@@ -77,7 +77,7 @@ class TreeWalk {
   /// False when the current folder is no longer where the walk came from.
   bool ascend();
 
-  RemovalCrew& crew_;
+  RemovalWorkers& workers_;
   UniqueFd current_;
   std::vector<Level> levels_;
   std::size_t readCount_ = 0;

@@ -44,16 +44,16 @@ std::vector<std::string> unlinkFiles(int folder, Listing listing, std::size_t& r
   return std::move(listing.folders);
 }
 
-TreeWalk::TreeWalk(RemovalShare share, RemovalCrew& crew)
-    : crew_(crew), current_(std::move(share.parent)) {
-  levels_.push_back({{}, {}, std::move(share.folders), {}});
+TreeWalk::TreeWalk(RemovalTask task, RemovalWorkers& workers)
+    : workers_(workers), current_(std::move(task.parent)) {
+  levels_.push_back({{}, {}, std::move(task.folders), {}});
 }
 
 void TreeWalk::run() {
   for (;;) {
     Level& level = levels_.back();
     if (!level.folders.empty()) {
-      if (level.folders.size() > 1 && crew_.wantsShare(readCount_)) shareHalf(level.folders);
+      if (level.folders.size() > 1 && workers_.wantsTask(readCount_)) shareHalf(level.folders);
       const std::string name = std::move(level.folders.back());
       level.folders.pop_back();
       remove(name);
@@ -62,7 +62,7 @@ void TreeWalk::run() {
     } else if (levels_.size() == 1) {
       return;
     } else if (!ascend()) {
-      crew_.giveUpShare();
+      workers_.abandonTask();
       return;
     }
   }
@@ -87,7 +87,7 @@ void TreeWalk::shareHalf(std::vector<std::string>& folders) {
   if (!parent.isOpen()) return;
   const auto middle = folders.begin() + static_cast<std::ptrdiff_t>(folders.size() / 2);
   const auto end = folders.end();
-  crew_.offer({std::move(parent), {std::move_iterator(middle), std::move_iterator(end)}});
+  workers_.offer({std::move(parent), {std::move_iterator(middle), std::move_iterator(end)}});
   folders.erase(middle, end);
 }
 

@@ -1,6 +1,6 @@
 #include <unistd.h>
 
-#include "platform/core/interrupted_call.h"
+#include "platform/core/descriptor.h"
 #include "platform/probe/standard_output.h"
 
 namespace quillon::platform {

@@ -11,7 +11,6 @@
 #include <utility>
 
 #include "platform/core/descriptor.h"
-#include "platform/core/interrupted_call.h"
 #include "platform/process/process.h"
 #include "platform/process/signals.h"
 #include "platform/process/spawn.h"

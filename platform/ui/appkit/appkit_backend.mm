@@ -41,17 +41,17 @@ void finishLaunching() {
 
 /// The arguments are a browser's, not documents to be opened, and nothing may stretch the pauses of
 /// a launch whose window is covered.
-void setManners() {
-  NSDictionary* const manners =
+void registerDefaults() {
+  NSDictionary* const defaults =
       [NSDictionary dictionaryWithObjectsAndKeys:@"NO", @"NSTreatUnknownArgumentsAsOpen", @"YES",
                                                  @"NSAppSleepDisabled", nil];
-  [[NSUserDefaults standardUserDefaults] registerDefaults:manners];
+  [[NSUserDefaults standardUserDefaults] registerDefaults:defaults];
 }
 
 bool connect(const ApplicationCalls& calls) {
   const AutoreleasePool pool;
   if (!hasWindowServer()) return false;
-  setManners();
+  registerDefaults();
   screen().calls = calls;
   screen().delegate.reset([[QuillonApplicationDelegate alloc]
       initWithDidFinishLaunching:finishLaunching

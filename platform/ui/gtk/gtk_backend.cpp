@@ -6,7 +6,7 @@
 #include "build_identity.h"
 #include "platform/ui/backend.h"
 #include "platform/ui/gtk/application_icon.h"
-#include "platform/ui/gtk/display_answer.h"
+#include "platform/ui/gtk/display_probe.h"
 #include "platform/ui/gtk/lost_display.h"
 #include "platform/ui/gtk/owners.h"
 #include "platform/ui/gtk/screen_alert.h"
@@ -59,14 +59,14 @@ bool connectToolkit() {
 
 bool initializeToolkit() {
   const SilencedStandardError silenced;
-  const std::optional<Connection> display = answerOfDisplay();
+  const std::optional<Connection> display = probeDisplay();
   // Without an answer a thread is left behind that may read the environment: no more changes to it.
   if (!display) return false;
   const std::string startupId = takeStartupId();
   // Nothing here is drawn by OpenGL, whose library crashes when the display dies while it looks.
   ::setenv("GDK_GL", "disable", 1);
   // The last change: this, too, may leave a thread behind.
-  doWithoutSilentBuses();
+  disableUnresponsiveBuses();
   // Numbers and system messages look the same with and without a window.
   gtk_disable_setlocale();
   if (!connectWithDisplay(connectToolkit, screen().calls.quit)) return false;

@@ -2,7 +2,7 @@
 
 #include "platform/ui/display_text.h"
 #include "platform/ui/gtk/owners.h"
-#include "platform/ui/gtk/window_manner.h"
+#include "platform/ui/gtk/window_hints.h"
 
 namespace quillon::platform::ui {
 namespace {
@@ -39,7 +39,7 @@ OwnedTopLevel buildAlert(const Alert& alert, ActivationPolicy policy) {
   atk_object_set_name(gtk_widget_get_accessible(dialog), message.c_str());
   gtk_window_set_keep_above(window, TRUE);
   gtk_window_set_position(window, GTK_WIN_POS_CENTER);
-  applyManner(window, policy);
+  applyWindowHints(window, policy);
   return OwnedTopLevel(dialog);
 }
 

@@ -7,7 +7,7 @@
 
 #include "platform/ui/display_text.h"
 #include "platform/ui/gtk/frame_label.h"
-#include "platform/ui/gtk/window_manner.h"
+#include "platform/ui/gtk/window_hints.h"
 
 namespace quillon::platform::ui {
 namespace {
@@ -83,7 +83,7 @@ void ScreenWindow::setUpFrame(ActivationPolicy policy) {
   gtk_window_set_resizable(topLevel, FALSE);
   gtk_window_set_keep_above(topLevel, window_.level == Window::Level::floating);
   if (window_.centered) gtk_window_set_position(topLevel, GTK_WIN_POS_CENTER);
-  applyManner(topLevel, policy);
+  applyWindowHints(topLevel, policy);
   // The second is what a window hears that was destroyed from outside.
   for (const char* event : {"delete-event", "destroy-event"}) {
     g_signal_connect(topLevel, event, G_CALLBACK(closeWindow), &window_);

@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/ui/gtk/asking.h"
+#include "platform/ui/gtk/timed_connection.h"
 
 namespace quillon::platform::ui {
 namespace {
@@ -102,7 +102,7 @@ Connection joinBothBuses(const std::string& sessionAddress, const std::string& g
 
 }  // namespace
 
-void doWithoutSilentBuses() {
+void disableUnresponsiveBuses() {
   const std::string address = sessionBusAddress();
   const std::optional<std::string> bridge = variable(bridgeVariable);
   // A thread that is left behind may read the environment at any time: this has to come before it
@@ -112,7 +112,7 @@ void doWithoutSilentBuses() {
   setVariable(bridgeVariable, "1");
   if (address.empty()) return;
   const Connection bus =
-      askOnThread([address, given = variable(accessibilityVariable).value_or("")] {
+      connectWithTimeout([address, given = variable(accessibilityVariable).value_or("")] {
         return joinBothBuses(address, given);
       }).value_or(nullptr);
   if (bus == nullptr) return;

@@ -6,6 +6,6 @@ namespace quillon::platform::ui {
 /// ends, and for one that never says a word they would wait for ever, as for the accessibility bus
 /// behind it: unless both take in a member they are told, by the live environment, to do without.
 /// Blocks up to five seconds. Main thread, before the toolkit is initialised.
-void doWithoutSilentBuses();
+void disableUnresponsiveBuses();
 
 }  // namespace quillon::platform::ui

@@ -6,7 +6,7 @@ namespace quillon::platform::ui {
 
 /// Removes the session's startup notification ID from the live environment and returns it, empty if
 /// there is none. The toolkit would remove it while it connects, when a thread left behind by
-/// `askOnThread` may read the environment.
+/// `connectWithTimeout` may read the environment.
 [[nodiscard]] std::string takeStartupId();
 
 /// Gives a nonempty ID to the toolkit, which reports the startup as complete when it shows a

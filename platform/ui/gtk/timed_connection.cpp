@@ -1,4 +1,4 @@
-#include "platform/ui/gtk/asking.h"
+#include "platform/ui/gtk/timed_connection.h"
 
 #include <chrono>
 #include <csignal>
@@ -29,7 +29,7 @@ void startWithoutSignals(std::packaged_task<Connection()> task) {
 
 }  // namespace
 
-std::optional<Connection> askOnThread(std::function<Connection()> connect) {
+std::optional<Connection> connectWithTimeout(std::function<Connection()> connect) {
   std::packaged_task<Connection()> task(std::move(connect));
   std::future<Connection> answer = task.get_future();
   startWithoutSignals(std::move(task));

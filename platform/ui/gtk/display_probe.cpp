@@ -1,4 +1,4 @@
-#include "platform/ui/gtk/display_answer.h"
+#include "platform/ui/gtk/display_probe.h"
 
 #include <wayland-client-core.h>
 #include <xcb/xcb.h>
@@ -52,9 +52,9 @@ Connection connectWithFirst(const std::string& names) {
 
 }  // namespace
 
-std::optional<Connection> answerOfDisplay() {
+std::optional<Connection> probeDisplay() {
   const char* const wanted = std::getenv("GDK_BACKEND");
-  return askOnThread(
+  return connectWithTimeout(
       [names = std::string(wanted == nullptr ? "*" : wanted)] { return connectWithFirst(names); });
 }
 

@@ -1,4 +1,4 @@
-#include "platform/ui/gtk/window_manner.h"
+#include "platform/ui/gtk/window_hints.h"
 
 namespace quillon::platform::ui {
 namespace {
@@ -14,7 +14,7 @@ gboolean undoMinimising(GtkWidget* window, const GdkEventWindowState* event, voi
 
 }  // namespace
 
-void applyManner(GtkWindow* window, ActivationPolicy policy) {
+void applyWindowHints(GtkWindow* window, ActivationPolicy policy) {
   const bool isAccessory = policy == ActivationPolicy::accessory;
   gtk_window_set_skip_taskbar_hint(window, isAccessory);
   gtk_window_set_skip_pager_hint(window, isAccessory);

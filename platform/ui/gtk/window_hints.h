@@ -9,6 +9,6 @@ namespace quillon::platform::ui {
 /// What every window of the application has in common: it can be moved and closed but not
 /// minimised, and an accessory application's stays out of task bars and pagers. Realizes the
 /// window. Main thread.
-void applyManner(GtkWindow* window, ActivationPolicy policy);
+void applyWindowHints(GtkWindow* window, ActivationPolicy policy);
 
 }  // namespace quillon::platform::ui
