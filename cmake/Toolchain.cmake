@@ -37,3 +37,8 @@ else()
     -Wl,--sort-section=name)
   set(CMAKE_CXX_STANDARD_LIBRARIES "-Wl,-Bstatic -lstdc++ -l:libm.a -Wl,-Bdynamic")
 endif()
+
+option(QUILLON_COVERAGE "Count the executed lines and branches; takes g++" OFF)
+if(QUILLON_COVERAGE)
+  include(cmake/Coverage.cmake)
+endif()
