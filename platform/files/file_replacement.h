@@ -15,8 +15,9 @@ namespace quillon::platform {
 ///
 /// `makeBytes` is called once the new file is there to take them. False on any failure; then what
 /// stood at `path` still stands, but for parts of a folder, and nothing is left over. Only a
-/// process that is killed in the middle leaves the unfinished file; `endProcess` waits. Meanwhile
-/// SIGXFSZ is ignored. No protection against a power cut. Any thread.
+/// process that is killed in the middle leaves the unfinished file; `endProcess` waits. If the
+/// process has a limit for the size of files, SIGXFSZ is ignored during the call. No protection
+/// against a power cut. Any thread.
 [[nodiscard]] bool replaceFile(const Path& path, const std::function<std::string()>& makeBytes);
 
 }  // namespace quillon::platform

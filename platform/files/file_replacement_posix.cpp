@@ -1,6 +1,7 @@
 #include "platform/files/file_replacement.h"
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -9,6 +10,7 @@
 #include <csignal>
 #include <cstdio>
 #include <new>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -56,9 +58,15 @@ bool writeAll(int descriptor, std::string_view bytes) {
   return true;
 }
 
+bool hasFileSizeLimit() {
+  struct rlimit limit = {};
+  return ::getrlimit(RLIMIT_FSIZE, &limit) != 0 || limit.rlim_cur != RLIM_INFINITY;
+}
+
 bool writeAndClose(UniqueFd descriptor, std::string_view bytes) {
   // A file grown to the process's limit is a failed write, not the end of the process.
-  const SignalOverride fileSizeLimit(SIGXFSZ, SIG_IGN);
+  std::optional<SignalOverride> ignoredSignal;
+  if (hasFileSizeLimit()) ignoredSignal.emplace(SIGXFSZ, SIG_IGN);
   // Gives back what a umask took from the owner. Some file systems refuse to change a mode; the
   // file is then no wider than it was created.
   (void)::fchmod(descriptor.get(), ownersFileMode);
