@@ -4,7 +4,7 @@
 #include <string>
 
 #include "inspect/findings.h"
-#include "overlay/overlay_file.h"
+#include "overlay/overlay_location.h"
 
 namespace quillon {
 namespace {

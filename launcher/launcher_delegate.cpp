@@ -4,7 +4,7 @@
 
 #include "launcher/exit_status.h"
 #include "launcher/launch_execution.h"
-#include "overlay/overlay_file.h"
+#include "overlay/overlay_location.h"
 #include "platform/dispatch/dispatch.h"
 
 namespace quillon {

@@ -1,7 +1,7 @@
 #include "launcher/process_values.h"
 
 #include "launcher/engine_location.h"
-#include "overlay/overlay_file.h"
+#include "overlay/overlay_location.h"
 #include "platform/host/host.h"
 
 namespace quillon {

@@ -1,6 +1,6 @@
 #include "overlay/overlay_keys.h"
 
-#include "overlay/overlay_file.h"
+#include "overlay/overlay_location.h"
 #include "platform/text/text.h"
 
 namespace quillon {

@@ -3,7 +3,7 @@
 #include <sstream>
 
 #include "launch_fixture.h"
-#include "overlay/overlay_file.h"
+#include "overlay/overlay_location.h"
 #include "overlay/overlay_keys.h"
 #include "overlay/webgl_catalogue.h"
 

@@ -1,4 +1,4 @@
-#include "overlay/overlay_file.h"
+#include "overlay/overlay_location.h"
 
 #include <string_view>
 
