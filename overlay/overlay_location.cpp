@@ -3,8 +3,8 @@
 #include <string_view>
 
 #include "overlay/json_file.h"
-#include "overlay/user_folder.h"
 #include "platform/files/files.h"
+#include "platform/host/host.h"
 
 namespace quillon {
 namespace {
@@ -19,6 +19,10 @@ std::optional<std::string> userDataDirFromArgs(const std::vector<std::string>& a
     if (argument.starts_with(userDataDirPrefix)) return argument.substr(userDataDirPrefix.size());
   }
   return std::nullopt;
+}
+
+platform::Path perUserFolder() {
+  return platform::homeFolder() / "Library/Application Support/Quillon";
 }
 
 platform::Path overlayFileURL(const std::optional<std::string>& userDataDir) {

@@ -7,20 +7,25 @@
 #include "platform/core/path.h"
 #include "platform/text/json.h"
 
-/// Where a profile's persona overlay lies and how it is read. Any thread.
+/// Which overlay file a launch uses. Any thread.
 namespace quillon {
 
-/// The profile folder: what follows "--user-data-dir=" in the first argument that begins with it,
-/// taken as it stands. `arguments` come without the program path. Absent when no argument has the
-/// prefix; empty when nothing follows it. The switch and its value as two arguments do not count.
+/// The profile folder: the text after "--user-data-dir=" in the first of the `arguments` that
+/// starts with it, unchanged. `arguments` do not contain the program path. Nothing if no argument
+/// has this prefix; empty if no text follows it. "--user-data-dir" and the folder as two arguments
+/// are not recognized.
 [[nodiscard]] std::optional<std::string> userDataDirFromArgs(
     const std::vector<std::string>& arguments);
 
-/// "command-line.json" in the profile folder when anything of that name exists there, else the
-/// user's own one below the home folder, whether it exists or not. The two are never merged.
+/// "Library/Application Support/Quillon" in the home folder: the place of the overlay and the
+/// reports of a launch without a profile folder. It need not exist.
+[[nodiscard]] platform::Path perUserFolder();
+
+/// "command-line.json" in the profile folder if a file or folder of that name exists there, else
+/// in the per-user folder, where it need not exist. The two files are never merged.
 [[nodiscard]] platform::Path overlayFileURL(const std::optional<std::string>& userDataDir);
 
-/// The overlay's top-level object; nothing when the file cannot be read or holds no JSON object.
+/// The overlay's top-level object. Nothing if the file is unreadable or contains no JSON object.
 [[nodiscard]] std::optional<platform::JsonObject> readOverlayObject(
     const platform::Path& overlayURL);
 

@@ -1,6 +1,6 @@
 #include "reports/report_file.h"
 
-#include "overlay/user_folder.h"
+#include "overlay/overlay_location.h"
 #include "platform/files/file_replacement.h"
 
 namespace quillon {
