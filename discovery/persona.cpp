@@ -28,23 +28,22 @@ ResolvedPersona offeredBy(const DiscoverResult& discovered) {
 
 }  // namespace
 
-using Keys = OverlayKeys;
 using Persona = ResolvedPersona;
 
 const std::array<Derivation, derivationCount> derivations{{
-    {"webrtc-no-leak", "webrtc-fake-public-ip", &Keys::webrtcNoLeak, &Keys::webrtcFakePublicIpSet,
-     &Persona::resolvedFakeIP},
-    {"auto-geo", "geo-lat", &Keys::autoGeo, &Keys::geoLatSet, &Persona::resolvedGeoLat},
-    {"auto-geo", "geo-lng", &Keys::autoGeo, &Keys::geoLngSet, &Persona::resolvedGeoLng},
-    {"auto-lang", "lang", &Keys::autoLang, &Keys::langSet, &Persona::resolvedLang},
-    {"auto-lang", "accept-language", &Keys::autoLang, &Keys::acceptLanguageSet,
-     &Persona::resolvedAcceptLang},
-    {"auto-timezone", "timezone-override", &Keys::autoTimezone, &Keys::timezoneOverrideSet,
-     &Persona::resolvedTZ},
+    {overlayKey("webrtc-no-leak"), overlayKey("webrtc-fake-public-ip"), &Persona::resolvedFakeIP},
+    {overlayKey("auto-geo"), overlayKey("geo-lat"), &Persona::resolvedGeoLat},
+    {overlayKey("auto-geo"), overlayKey("geo-lng"), &Persona::resolvedGeoLng},
+    {overlayKey("auto-lang"), overlayKey("lang"), &Persona::resolvedLang},
+    {overlayKey("auto-lang"), overlayKey("accept-language"), &Persona::resolvedAcceptLang},
+    {overlayKey("auto-timezone"), overlayKey("timezone-override"), &Persona::resolvedTZ},
 }};
 
 bool isDerived(const Derivation& derivation, const OverlayKeys& overlay) {
-  return overlay.*derivation.isAskedFor && !(overlay.*derivation.isGiven);
+  const auto isTrue = [&](const OverlayKey& key) {
+    return overlay.*std::get<bool OverlayKeys::*>(key.field);
+  };
+  return isTrue(derivation.askedBy) && !isTrue(derivation.key);
 }
 
 bool needsDiscovery(const OverlayKeys& overlay) {

@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 #include "discovery/egress_discovery.h"
 #include "overlay/overlay_keys.h"
@@ -37,16 +36,12 @@ struct ResolvedPersona {
 
 /// A persona value that a discovery gives.
 struct Derivation {
-  using KeyFlag = bool OverlayKeys::*;
-  using PersonaValue = std::string ResolvedPersona::*;
-
-  /// The overlay key that asks for it.
-  std::string_view askedBy;
-  /// The overlay key that gives it outright; the engine's switch has the same name.
-  std::string_view key;
-  KeyFlag isAskedFor;
-  KeyFlag isGiven;
-  PersonaValue value;
+  /// The overlay key that asks for it. Its field is a boolean.
+  OverlayKey askedBy;
+  /// The overlay key that sets it instead: its field is a boolean. The engine's switch has the same
+  /// name.
+  OverlayKey key;
+  std::string ResolvedPersona::*value;
 };
 
 inline constexpr std::size_t derivationCount = 6;

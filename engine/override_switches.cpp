@@ -29,13 +29,13 @@ std::optional<std::string> deviceMemoryValue(std::uint64_t physicalMemory) {
 
 SwitchList personaSwitches(const OverlayKeys& overlay, const ResolvedPersona& persona) {
   SwitchList switches;
-  appendSwitch(switches, "webrtc-fake-public-ip", persona.resolvedFakeIP);
+  appendSwitch(switches, overlayKey("webrtc-fake-public-ip").name, persona.resolvedFakeIP);
   if (overlay.webrtcNoLeak) switches.emplace_back("--force-webrtc-ip-handling-policy=default");
-  appendSwitch(switches, "timezone-override", persona.resolvedTZ);
-  appendSwitch(switches, "lang", persona.resolvedLang);
-  appendSwitch(switches, "accept-language", persona.resolvedAcceptLang);
-  appendSwitch(switches, "geo-lat", persona.resolvedGeoLat);
-  appendSwitch(switches, "geo-lng", persona.resolvedGeoLng);
+  appendSwitch(switches, overlayKey("timezone-override").name, persona.resolvedTZ);
+  appendSwitch(switches, overlayKey("lang").name, persona.resolvedLang);
+  appendSwitch(switches, overlayKey("accept-language").name, persona.resolvedAcceptLang);
+  appendSwitch(switches, overlayKey("geo-lat").name, persona.resolvedGeoLat);
+  appendSwitch(switches, overlayKey("geo-lng").name, persona.resolvedGeoLng);
   if (!persona.resolvedGeoLat.empty() && !persona.resolvedGeoLng.empty()) {
     switches.emplace_back("--geo-accuracy=100");
   }
@@ -45,10 +45,12 @@ SwitchList personaSwitches(const OverlayKeys& overlay, const ResolvedPersona& pe
 SwitchList machineSwitches(const OverlayKeys& overlay, const Machine& machine) {
   SwitchList switches;
   if (!overlay.deviceMemorySet) {
-    appendSwitch(switches, "device-memory", deviceMemoryValue(machine.physicalMemory).value_or(""));
+    appendSwitch(switches, overlayKey("device-memory").name,
+                 deviceMemoryValue(machine.physicalMemory).value_or(""));
   }
   if (!overlay.hardwareConcurrencySet && machine.activeProcessorCount > 0) {
-    appendSwitch(switches, "hardware-concurrency", std::to_string(machine.activeProcessorCount));
+    appendSwitch(switches, overlayKey("hardware-concurrency").name,
+                 std::to_string(machine.activeProcessorCount));
   }
   if (!overlay.speechVoicesSet) appendSwitch(switches, "speech-voices-preset", "stock-chrome-mac");
   return switches;

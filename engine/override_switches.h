@@ -9,7 +9,8 @@
 #include "discovery/persona.h"
 #include "overlay/overlay_keys.h"
 
-/// The engine's switches for the persona and for the machine. Pure; any thread.
+/// The engine's switches for the persona and for the machine. A switch for which the overlay has a
+/// key has the name of that key. Pure; any thread.
 namespace quillon {
 
 /// Engine arguments, in order.

@@ -13,9 +13,8 @@ constexpr const char* withoutSwitches = "the engine gets no WebGL switches";
 
 Finding finding(const LaunchPreview& preview, Level level, const std::string& problem,
                 const std::string& remedy) {
-  return {level, "webgl-profile",
-          inOverlay(preview, "webgl-profile") + " has no effect: " + problem + ", so " +
-              withoutSwitches + ". " + remedy};
+  return findingAbout(overlayKey("webgl-profile"), level, preview,
+                      " has no effect: " + problem + ", so " + withoutSwitches + ". " + remedy);
 }
 
 std::string profileNames(const JsonObject& profiles) {

@@ -24,7 +24,7 @@ std::string whatFollows(const LaunchPreview& preview) {
   std::string lost;
   for (const Derivation& derivation : derivations) {
     if (!isDerived(derivation, preview.values.request.overlay)) continue;
-    lost.append(lost.empty() ? "" : ", ").append(derivation.key);
+    lost.append(lost.empty() ? "" : ", ").append(derivation.key.name);
   }
   return R"("on-proxy-fail" is "fallback": the engine is started all the same, without )" + lost +
          '.';
@@ -34,7 +34,8 @@ std::string whatFollows(const LaunchPreview& preview) {
 Findings failedDiscovery(const LaunchPreview& preview) {
   const auto& outcome = preview.outcome;
   if (!outcome || !outcome->failed() || outcome->result.curlExitCode < 0) return {};
-  return {{Level::error, preview.values.request.overlay.proxyServer.empty() ? "" : "proxy-server",
+  const bool hasProxy = !preview.values.request.overlay.proxyServer.empty();
+  return {{Level::error, std::string(hasProxy ? overlayKey("proxy-server").name : ""),
            "Discovery at " + outcome->endpoint.url + " failed (" + outcome->result.errorCode +
                "): " + whatFailed(outcome->result) + ". " + whatFollows(preview)}};
 }
@@ -47,12 +48,11 @@ Findings valuesNotTold(const LaunchPreview& preview) {
     const bool isLost = isDerived(derivation, preview.values.request.overlay) &&
                         (outcome->persona.*derivation.value).empty();
     if (!isLost) continue;
-    const std::string key(derivation.askedBy);
-    std::string message = inOverlay(preview, key);
-    message.append(" gives no \"").append(derivation.key).append("\": ");
-    message.append(outcome->endpoint.host).append(" does not tell what it takes. Give \"");
-    message.append(derivation.key).append("\" yourself.");
-    findings.push_back({Level::error, key, std::move(message)});
+    std::string text(" gives no \"");
+    text.append(derivation.key.name).append("\": ").append(outcome->endpoint.host);
+    text.append(" does not tell what it takes. Give \"").append(derivation.key.name);
+    text.append("\" yourself.");
+    findings.push_back(findingAbout(derivation.askedBy, Level::error, preview, text));
   }
   return findings;
 }
@@ -63,10 +63,10 @@ Findings countryWithoutLanguages(const LaunchPreview& preview) {
   const ResolvedPersona& persona = outcome->persona;
   const bool hasLanguage = !persona.resolvedLang.empty() || !persona.resolvedAcceptLang.empty();
   if (!hasLanguage || findCountryLang(outcome->result.countryCode) != nullptr) return {};
-  return {{Level::warning, "auto-lang",
-           inOverlay(preview, "auto-lang") +
-               " gives the languages of the United States: the launcher has none for " +
-               outcome->result.countryCode + R"(. Give "lang" and "accept-language" yourself.)"}};
+  return {findingAbout(overlayKey("auto-lang"), Level::warning, preview,
+                       " gives the languages of the United States: the launcher has none for " +
+                           outcome->result.countryCode +
+                           R"(. Give "lang" and "accept-language" yourself.)")};
 }
 
 }  // namespace

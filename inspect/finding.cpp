@@ -14,8 +14,13 @@ Findings findWith(std::span<const Check> checks, const LaunchPreview& preview) {
   return all;
 }
 
-std::string inOverlay(const LaunchPreview& preview, const std::string& key) {
-  return '"' + key + "\" in " + preview.values.overlayURL.text();
+std::string inOverlay(const LaunchPreview& preview, std::string_view key) {
+  return '"' + std::string(key) + "\" in " + preview.values.overlayURL.text();
+}
+
+Finding findingAbout(const OverlayKey& key, Finding::Level level, const LaunchPreview& preview,
+                     std::string_view text) {
+  return {level, std::string(key.name), inOverlay(preview, key.name).append(text)};
 }
 
 }  // namespace quillon

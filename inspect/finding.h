@@ -2,6 +2,7 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "inspect/launch_preview.h"
@@ -35,6 +36,10 @@ using Check = Findings (*)(const LaunchPreview& preview);
 [[nodiscard]] Findings findWith(std::span<const Check> checks, const LaunchPreview& preview);
 
 /// A key and the overlay file that it is or should be in, for a message.
-[[nodiscard]] std::string inOverlay(const LaunchPreview& preview, const std::string& key);
+[[nodiscard]] std::string inOverlay(const LaunchPreview& preview, std::string_view key);
+
+/// A finding about a key of the overlay. The message is `inOverlay` followed by `text`.
+[[nodiscard]] Finding findingAbout(const OverlayKey& key, Finding::Level level,
+                                   const LaunchPreview& preview, std::string_view text);
 
 }  // namespace quillon

@@ -23,10 +23,11 @@ Findings missingEngine(const LaunchPreview& preview) {
 }
 
 /// Where an argument that is too long comes from, as far as the overlay is to blame.
-std::string keyOf(const std::string& argument, const LaunchPreview& preview) {
+std::string_view keyOf(const std::string& argument, const LaunchPreview& preview) {
   const SwitchList& webgl = preview.facts.webglSwitches;
-  if (argument == preview.values.request.overlay.startPage) return "start-page";
-  return std::find(webgl.begin(), webgl.end(), argument) == webgl.end() ? "" : "webgl-profile";
+  if (argument == preview.values.request.overlay.startPage) return overlayKey("start-page").name;
+  const bool isOfWebgl = std::find(webgl.begin(), webgl.end(), argument) != webgl.end();
+  return isOfWebgl ? overlayKey("webgl-profile").name : "";
 }
 
 Findings tooLongForTheEngine(const LaunchPreview& preview) {
@@ -35,7 +36,7 @@ Findings tooLongForTheEngine(const LaunchPreview& preview) {
   constexpr const char* end = ": the engine cannot be started, the launch ends with status 1.";
   for (const std::string& argument : argumentVector(preview.plan.engineArguments)) {
     if (argument.size() < limits.oneString) continue;
-    const std::string key = keyOf(argument, preview);
+    const std::string key(keyOf(argument, preview));
     constexpr std::size_t headBytes = 40;
     return {{Level::error, key,
              (key.empty() ? "The argument " + argument.substr(0, headBytes) + "…"
@@ -56,10 +57,10 @@ Findings tooLongForCurl(const LaunchPreview& preview) {
     return text.size() < limit;
   });
   if (fits) return {};
-  return {{Level::error, "proxy-server",
-           inOverlay(preview, "proxy-server") + " is longer than the " + std::to_string(limit - 1) +
-               " bytes that the system takes for an argument: curl cannot be started, and "
-               "discovery fails. Shorten it."}};
+  return {findingAbout(overlayKey("proxy-server"), Level::error, preview,
+                       " is longer than the " + std::to_string(limit - 1) +
+                           " bytes that the system takes for an argument: curl cannot be started, "
+                           "and discovery fails. Shorten it.")};
 }
 
 Findings missingCurl(const LaunchPreview& preview) {

@@ -62,7 +62,7 @@ JsonText jsonFindings(const Findings& findings) {
 JsonText jsonDerives(const OverlayKeys& overlay) {
   std::vector<std::string_view> keys;
   for (const Derivation& derivation : derivations) {
-    if (isDerived(derivation, overlay)) keys.push_back(derivation.key);
+    if (isDerived(derivation, overlay)) keys.push_back(derivation.key.name);
   }
   return jsonStrings(keys);
 }

@@ -17,50 +17,51 @@ const OverlayKeys& overlayOf(const LaunchPreview& preview) {
 
 Findings missingProxy(const LaunchPreview& preview) {
   if (!needsDiscovery(overlayOf(preview)) || !overlayOf(preview).proxyServer.empty()) return {};
-  return {{Level::error, "proxy-server",
-           inOverlay(preview, "proxy-server") +
-               " is missing or empty, and values are to be derived: discovery goes out directly, "
-               "and the persona gets those of your real address. Name the proxy."}};
+  return {findingAbout(
+      overlayKey("proxy-server"), Level::error, preview,
+      " is missing or empty, and values are to be derived: discovery goes out directly, and the "
+      "persona gets those of your real address. Name the proxy.")};
 }
 
 Findings otherProxyScheme(const LaunchPreview& preview) {
   const std::string& proxy = overlayOf(preview).proxyServer;
   if (!needsDiscovery(overlayOf(preview)) || proxyFault(proxy) != ProxyFault::scheme) return {};
   const std::string scheme = proxy.substr(0, proxy.find("://"));
-  return {{Level::error, "proxy-server",
-           inOverlay(preview, "proxy-server") +
-               " does not begin with socks5://, the only scheme that discovery takes" +
-               (scheme.size() < proxy.size() ? " (not \"" + scheme + "://\")" : "") +
-               ": nothing can be derived, and discovery fails. Name a SOCKS5 proxy."}};
+  return {findingAbout(
+      overlayKey("proxy-server"), Level::error, preview,
+      " does not begin with socks5://, the only scheme that discovery takes" +
+          (scheme.size() < proxy.size() ? " (not \"" + scheme + "://\")" : std::string()) +
+          ": nothing can be derived, and discovery fails. Name a SOCKS5 proxy.")};
 }
 
 Findings controlCharacterInLogin(const LaunchPreview& preview) {
   const std::string& proxy = overlayOf(preview).proxyServer;
   if (!needsDiscovery(overlayOf(preview)) || proxyFault(proxy) != ProxyFault::login) return {};
-  return {{Level::error, "proxy-server",
-           inOverlay(preview, "proxy-server") +
-               " has a control character (%00 to %1f) in its user name or password: curl would "
-               "connect without the proxy, so discovery refuses it and fails. Choose another "
-               "user name or password."}};
+  return {findingAbout(
+      overlayKey("proxy-server"), Level::error, preview,
+      " has a control character (%00 to %1f) in its user name or password: curl would connect "
+      "without the proxy, so discovery refuses it and fails. Choose another user name or "
+      "password.")};
 }
 
 Findings nulInProxy(const LaunchPreview& preview) {
   if (overlayOf(preview).proxyServer.find('\0') == std::string::npos) return {};
-  return {{Level::error, "proxy-server",
-           inOverlay(preview, "proxy-server") +
-               " holds a NUL: curl gets only what stands before it. Take it out."}};
+  return {findingAbout(overlayKey("proxy-server"), Level::error, preview,
+                       " holds a NUL: curl gets only what stands before it. Take it out.")};
 }
 
 Findings nulInSwitches(const LaunchPreview& preview) {
   Findings findings;
   for (const auto& [origin, text] : preview.plan.engineArguments) {
     if (text.find('\0') == std::string::npos) continue;
-    const bool isStartPage = text == overlayOf(preview).startPage;
-    findings.push_back({Level::warning, isStartPage ? "start-page" : "",
-                        (isStartPage ? inOverlay(preview, "start-page")
-                                     : "The engine's switch " + text.substr(0, text.find('='))) +
-                            " holds a NUL: the engine gets only what stands before it. "
-                            "Take it out."});
+    const std::string problem =
+        " holds a NUL: the engine gets only what stands before it. Take it out.";
+    if (text == overlayOf(preview).startPage) {
+      findings.push_back(findingAbout(overlayKey("start-page"), Level::warning, preview, problem));
+    } else {
+      const std::string name = text.substr(0, text.find('='));
+      findings.push_back({Level::warning, "", "The engine's switch " + name + problem});
+    }
   }
   return findings;
 }
@@ -70,10 +71,10 @@ Findings overruledPort(const LaunchPreview& preview) {
   const bool isOverruled = !debuggingSwitches(port, {}).empty() &&
                            debuggingSwitches(port, preview.values.request.originalArgs).empty();
   if (!isOverruled) return {};
-  return {{Level::warning, "cdp-tcp-port",
-           inOverlay(preview, "cdp-tcp-port") +
-               " has no effect: the arguments name a --remote-debugging-port of their own. "
-               "Keep one of the two."}};
+  return {findingAbout(
+      overlayKey("cdp-tcp-port"), Level::warning, preview,
+      " has no effect: the arguments name a --remote-debugging-port of their own. Keep one of the "
+      "two.")};
 }
 
 /// Two values that belong together, one of them given and the other derived.
@@ -89,25 +90,24 @@ Findings halfGiven(const LaunchPreview& preview) {
     const Derivation& second = derivations.at(pair.second);
     const bool derivesFirst = isDerived(first, overlayOf(preview));
     if (derivesFirst == isDerived(second, overlayOf(preview))) continue;
-    const std::string key(first.askedBy);
-    std::string message = inOverlay(preview, key);
-    message.append(" derives only \"").append(derivesFirst ? first.key : second.key);
-    message.append("\", since \"").append(derivesFirst ? second.key : first.key);
-    message.append("\" is given: the two may contradict each other. Give both or none.");
-    findings.push_back({Level::warning, key, std::move(message)});
+    std::string text(" derives only \"");
+    text.append((derivesFirst ? first : second).key.name).append("\", since \"");
+    text.append((derivesFirst ? second : first).key.name);
+    text.append("\" is given: the two may contradict each other. Give both or none.");
+    findings.push_back(findingAbout(first.askedBy, Level::warning, preview, text));
   }
   return findings;
 }
 
 Findings tabsThatGoAnyway(const LaunchPreview& preview) {
+  const OverlayKey& key = overlayKey("close-previous-tabs");
   const auto& overlay = preview.host.overlay.object;
-  const bool isTurnedOff = overlay && overlay->find("close-previous-tabs") != nullptr &&
-                           !overlayBool("close-previous-tabs", *overlay);
+  const bool isTurnedOff =
+      overlay && overlay->find(key.name) != nullptr && !overlayBool(key, *overlay);
   if (!isTurnedOff || overlayOf(preview).startPage.empty()) return {};
-  return {{Level::warning, "close-previous-tabs",
-           inOverlay(preview, "close-previous-tabs") +
-               " is off, but a \"start-page\" drops the previous session's tabs all the same. "
-               "Take one of the two out."}};
+  return {findingAbout(key, Level::warning, preview,
+                       " is off, but a \"start-page\" drops the previous session's tabs all the "
+                       "same. Take one of the two out.")};
 }
 
 Findings nothingToClean(const LaunchPreview& preview) {
@@ -117,10 +117,11 @@ Findings nothingToClean(const LaunchPreview& preview) {
   bool resets = false;
   for (const auto& [key, isOn] : overlay.granularStorageReset) resets = resets || isOn;
   if (!resets && (!overlay.closePreviousTabs || !overlay.startPage.empty())) return {};
-  const std::string key = resets ? "granular-storage-reset" : "close-previous-tabs";
-  return {{Level::warning, key,
-           inOverlay(preview, key) + " removes nothing: no argument names the profile folder. Give "
-                                     "--user-data-dir=FOLDER."}};
+  const OverlayKey& key =
+      resets ? overlayKey("granular-storage-reset") : overlayKey("close-previous-tabs");
+  return {findingAbout(
+      key, Level::warning, preview,
+      " removes nothing: no argument names the profile folder. Give --user-data-dir=FOLDER.")};
 }
 
 }  // namespace

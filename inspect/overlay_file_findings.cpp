@@ -4,7 +4,7 @@
 
 #include "inspect/findings.h"
 #include "inspect/nearest_key.h"
-#include "overlay/key_list.h"
+#include "overlay/overlay_keys.h"
 #include "profile/profile_items.h"
 
 namespace quillon {
@@ -54,8 +54,8 @@ bool isRemark(std::string_view key) {
 
 std::vector<std::string_view> overlayKeyNames() {
   std::vector<std::string_view> names;
-  names.reserve(overlayKeyList.size());
-  for (const OverlayKey& key : overlayKeyList) names.push_back(key.name);
+  names.reserve(overlayKeyTable.size());
+  for (const OverlayKey& key : overlayKeyTable) names.push_back(key.name);
   return names;
 }
 
@@ -82,7 +82,8 @@ Findings misspeltKeys(const LaunchPreview& preview) {
 }
 
 Findings unknownResetKeys(const LaunchPreview& preview) {
-  const auto* reset = preview.host.overlay.object->find<JsonObject>("granular-storage-reset");
+  const std::string key(overlayKey("granular-storage-reset").name);
+  const auto* reset = preview.host.overlay.object->find<JsonObject>(key);
   const auto known = granularResetKeys();
   Findings findings;
   if (reset == nullptr) return findings;
@@ -91,9 +92,8 @@ Findings unknownResetKeys(const LaunchPreview& preview) {
     std::string names;
     for (const std::string_view name : known) names.append(names.empty() ? "" : ", ").append(name);
     const std::string_view nearest = nearestKey(member.key, known);
-    findings.push_back({Level::warning, "granular-storage-reset",
-                        '"' + member.key + "\" within " +
-                            inOverlay(preview, "granular-storage-reset") +
+    findings.push_back({Level::warning, key,
+                        '"' + member.key + "\" within " + inOverlay(preview, key) +
                             " is no kind of site data and wipes nothing. " +
                             (nearest.empty() ? "The kinds are " + names + "."
                                              : "Is \"" + std::string(nearest) + "\" meant?")});
@@ -118,7 +118,7 @@ Findings repeatedKeys(const LaunchPreview& preview) {
   const JsonObject& overlay = *preview.host.overlay.object;
   Findings findings;
   addRepeated(findings, preview, overlay, "");
-  for (const OverlayKey& key : overlayKeyList) {
+  for (const OverlayKey& key : overlayKeyTable) {
     const auto* nested = overlay.find<JsonObject>(key.name);
     if (nested != nullptr) addRepeated(findings, preview, *nested, std::string(key.name));
   }

@@ -4,7 +4,6 @@
 
 #include "engine/engine_arguments.h"
 #include "inspect/findings.h"
-#include "overlay/key_list.h"
 #include "overlay/overlay_keys.h"
 
 namespace quillon {
@@ -25,21 +24,21 @@ std::string shown(const JsonValue& value) {
   return text.size() > longest ? "a text" : text;
 }
 
-bool isAny(const OverlayKey&, const JsonObject&) {
+bool isPresent(const OverlayKey&, const JsonObject&) {
   return true;
 }
 
-template <class Kind>
-bool isOfKind(const OverlayKey& key, const JsonObject& overlay) {
-  return overlay.find<Kind>(key.name) != nullptr;
+template <class Type>
+bool isOfType(const OverlayKey& key, const JsonObject& overlay) {
+  return overlay.find<Type>(key.name) != nullptr;
 }
 
-/// Also a text that says off: it has the effect that its author wants.
-bool isSwitch(const OverlayKey& key, const JsonObject& overlay) {
+/// Also accepts a text that means false: its author wants no effect, and it has none.
+bool isBoolean(const OverlayKey& key, const JsonObject& overlay) {
   constexpr std::array<std::string_view, 5> off{"", "0", "false", "off", "no"};
   const auto* text = overlay.find<std::string>(key.name);
-  if (text == nullptr) return isOfKind<bool>(key, overlay) || isOfKind<JsonNumber>(key, overlay);
-  return overlayBool(key.name, overlay) || std::find(off.begin(), off.end(), *text) != off.end();
+  if (text == nullptr) return isOfType<bool>(key, overlay) || isOfType<JsonNumber>(key, overlay);
+  return overlayBool(key, overlay) || std::find(off.begin(), off.end(), *text) != off.end();
 }
 
 bool isPolicy(const OverlayKey& key, const JsonObject& overlay) {
@@ -51,59 +50,60 @@ bool isPort(const OverlayKey&, const JsonObject& overlay) {
   return !debuggingSwitches(overlayKeysFrom(overlay).cdpTcpPort, {}).empty();
 }
 
-/// What the launcher makes of a value that it cannot use, and what it could use.
-struct KindRule {
-  OverlayKeyKind kind;
+/// The effect of a value that a type of key does not accept, and what it accepts.
+struct TypeRule {
+  OverlayKeyType type;
   bool (*isUsable)(const OverlayKey& key, const JsonObject& overlay);
   const char* consequence;
   const char* remedy;
 };
 
-using enum OverlayKeyKind;
-constexpr std::array<KindRule, 7> kindRules{{
-    {text, isOfKind<std::string>, "counts as absent", "Give a text in quotes."},
-    {onOff, isSwitch, "counts as off", "Give true or false."},
-    {presence, isAny, "", ""},
-    {policy, isPolicy, R"(counts as "block")", R"(Give "block" or "fallback".)"},
+using enum OverlayKeyType;
+constexpr std::array<TypeRule, 7> typeRules{{
+    {text, isOfType<std::string>, "counts as absent", "Give a text in quotes."},
+    {boolean, isBoolean, "counts as off", "Give true or false."},
+    {presence, isPresent, "", ""},
+    {failPolicy, isPolicy, R"(counts as "block")", R"(Give "block" or "fallback".)"},
     {port, isPort, "is no port: there will be no remote debugging", "Give one from 1 to 65535."},
-    {resetKeys, isOfKind<JsonObject>, "wipes nothing",
+    {resetMembers, isOfType<JsonObject>, "wipes nothing",
      R"(Give an object such as {"cookies": true}.)"},
-    {rawSwitches, isOfKind<JsonObject>, "counts as absent",
+    {rawSwitches, isOfType<JsonObject>, "counts as absent",
      R"(Give an object such as {"--proxy-server": "socks5://host:1080"}.)"},
 }};
 
-/// Whether the persona is not what it should be without the key.
-bool carriesPersona(std::string_view key) {
-  if (key == "proxy-server" || key == "webgl-profile") return true;
-  return std::any_of(derivations.begin(), derivations.end(),
-                     [&](const Derivation& derivation) { return derivation.askedBy == key; });
+/// Whether the persona is wrong if the launcher ignores the key.
+bool belongsToPersona(const OverlayKey& key) {
+  if (key.name == overlayKey("proxy-server").name) return true;
+  if (key.name == overlayKey("webgl-profile").name) return true;
+  return std::any_of(derivations.begin(), derivations.end(), [&](const Derivation& derivation) {
+    return derivation.askedBy.name == key.name;
+  });
 }
 
-/// Null is how some programs write "absent", which is what it counts as.
+/// Some programs write null for a missing key, and the launcher treats it as missing.
 Level levelOf(const OverlayKey& key, const JsonValue& value) {
   if (value.as<std::monostate>() != nullptr) return Level::note;
-  return carriesPersona(key.name) ? Level::error : Level::warning;
+  return belongsToPersona(key) ? Level::error : Level::warning;
 }
 
 Findings unusableValues(const LaunchPreview& preview) {
   const JsonObject& overlay = *preview.host.overlay.object;
   Findings findings;
-  for (const OverlayKey& key : overlayKeyList) {
+  for (const OverlayKey& key : overlayKeyTable) {
     const JsonValue* value = overlay.find(key.name);
     const auto* rule =
-        std::find_if(kindRules.begin(), kindRules.end(),
-                     [&](const KindRule& candidate) { return candidate.kind == key.kind; });
+        std::find_if(typeRules.begin(), typeRules.end(),
+                     [&](const TypeRule& candidate) { return candidate.type == key.type; });
     if (value == nullptr || rule->isUsable(key, overlay)) continue;
-    const std::string name(key.name);
-    findings.push_back({levelOf(key, *value), name,
-                        inOverlay(preview, name) + " is " + shown(*value) + ", which " +
-                            rule->consequence + ". " + rule->remedy});
+    findings.push_back(findingAbout(
+        key, levelOf(key, *value), preview,
+        " is " + shown(*value) + ", which " + rule->consequence + ". " + rule->remedy));
   }
   return findings;
 }
 
 Findings unusableResetValues(const LaunchPreview& preview) {
-  constexpr const char* key = "granular-storage-reset";
+  const std::string key(overlayKey("granular-storage-reset").name);
   const auto* reset = preview.host.overlay.object->find<JsonObject>(key);
   Findings findings;
   if (reset == nullptr) return findings;
@@ -119,21 +119,21 @@ Findings unusableResetValues(const LaunchPreview& preview) {
   return findings;
 }
 
-/// The engine is left to find a value where there is none.
+/// The engine reads these values itself, and finds none.
 Findings emptyGivenValues(const LaunchPreview& preview) {
   const JsonObject& overlay = *preview.host.overlay.object;
   Findings findings;
-  for (const OverlayKey& key : overlayKeyList) {
-    if (key.kind != presence) continue;
+  for (const OverlayKey& key : overlayKeyTable) {
+    if (key.type != presence) continue;
     const JsonValue* value = overlay.find(key.name);
     if (value == nullptr) continue;
     const auto* text = value->as<std::string>();
     if (value->as<std::monostate>() == nullptr && (text == nullptr || !text->empty())) continue;
-    const std::string name(key.name);
-    findings.push_back({Level::warning, name,
-                        inOverlay(preview, name) + " is " + shown(*value) +
-                            ", but counts as given because it is there: the launcher gives the "
-                            "engine no value of its own. Give one or take the key out."});
+    findings.push_back(
+        findingAbout(key, Level::warning, preview,
+                     " is " + shown(*value) +
+                         ", but counts as given because it is there: the launcher gives the "
+                         "engine no value of its own. Give one or take the key out."));
   }
   return findings;
 }

@@ -57,8 +57,8 @@ void addMode(Rows& rows, const LaunchPreview& preview) {
   std::string keys;
   std::string_view last;
   for (const Derivation& derivation : derivations) {
-    if (!isDerived(derivation, overlay) || derivation.askedBy == last) continue;
-    last = derivation.askedBy;
+    if (!isDerived(derivation, overlay) || derivation.askedBy.name == last) continue;
+    last = derivation.askedBy.name;
     keys.append(keys.empty() ? "" : ", ").append(last);
   }
   rows.push_back({"Mode", "",
@@ -74,8 +74,8 @@ void addDerivations(Rows& rows, const LaunchPreview& preview) {
     std::string value(hasFailed ? "nothing" : unknownValue);
     if (preview.outcome && !hasFailed) value = preview.outcome->persona.*derivation.value;
     rows.push_back({"Derives", "",
-                    std::string(derivation.key) + " = " + value + "  (" +
-                        std::string(derivation.askedBy) + ")",
+                    std::string(derivation.key.name) + " = " + value + "  (" +
+                        std::string(derivation.askedBy.name) + ")",
                     ""});
   }
   const OverlayKeys& overlay = preview.values.request.overlay;

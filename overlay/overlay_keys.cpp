@@ -9,77 +9,94 @@ namespace {
 using platform::JsonNumber;
 using platform::JsonObject;
 using platform::JsonValue;
+using ResetMembers = std::map<std::string, bool>;
 
-std::string proxyServerIn(const JsonObject& overlay) {
-  std::string proxy = overlay.text("proxy-server");
-  const auto* commandLine = overlay.find<JsonObject>("chrome-command-line");
-  if (!proxy.empty() || commandLine == nullptr) return proxy;
-  return commandLine->text("--proxy-server");
+std::string textFrom(const JsonValue& value) {
+  const auto* text = value.as<std::string>();
+  return text == nullptr ? std::string() : *text;
 }
 
-std::string onProxyFailIn(const JsonObject& overlay) {
-  const std::string policy = overlay.text("on-proxy-fail");
-  return policy == "fallback" ? policy : "block";
+bool boolFrom(const JsonValue& value) {
+  if (const auto* boolean = value.as<bool>()) return *boolean;
+  if (const auto* text = value.as<std::string>()) return *text == "true" || *text == "1";
+  const auto* number = value.as<JsonNumber>();
+  return number != nullptr && platform::isNonZero(*number);
 }
 
-std::map<std::string, bool> granularStorageResetIn(const JsonObject& overlay) {
-  std::map<std::string, bool> reset;
-  const auto* entries = overlay.find<JsonObject>("granular-storage-reset");
-  if (entries == nullptr) return reset;
-  for (const platform::JsonMember& entry : entries->members()) {
-    if (const auto* boolean = entry.value.as<bool>()) {
-      reset[entry.key] = *boolean;
-    } else if (const auto* number = entry.value.as<JsonNumber>()) {
-      reset[entry.key] = platform::isNonZero(*number);
+std::string failPolicyFrom(const JsonValue& value) {
+  return textFrom(value) == "fallback" ? "fallback" : "block";
+}
+
+std::string portFrom(const JsonValue& value) {
+  if (const auto* text = value.as<std::string>()) return std::string(platform::trimBlanks(*text));
+  if (const auto* boolean = value.as<bool>()) return *boolean ? "1" : "0";
+  const auto* number = value.as<JsonNumber>();
+  return number == nullptr ? std::string() : platform::integerPartText(*number);
+}
+
+ResetMembers resetMembersFrom(const JsonValue& value) {
+  ResetMembers reset;
+  const auto* object = value.as<JsonObject>();
+  if (object == nullptr) return reset;
+  for (const platform::JsonMember& member : object->members()) {
+    if (const auto* boolean = member.value.as<bool>()) {
+      reset[member.key] = *boolean;
+    } else if (const auto* number = member.value.as<JsonNumber>()) {
+      reset[member.key] = platform::isNonZero(*number);
     }
   }
   return reset;
 }
 
-std::string cdpTcpPortIn(const JsonObject& overlay) {
-  const JsonValue* port = overlay.find("cdp-tcp-port");
-  if (port == nullptr) return {};
-  if (const auto* text = port->as<std::string>()) return std::string(platform::trimBlanks(*text));
-  if (const auto* boolean = port->as<bool>()) return *boolean ? "1" : "0";
-  const auto* number = port->as<JsonNumber>();
-  return number == nullptr ? std::string() : platform::integerPartText(*number);
+std::string rawProxyFrom(const JsonValue& value) {
+  const auto* switches = value.as<JsonObject>();
+  return switches == nullptr ? std::string() : switches->text("--proxy-server");
+}
+
+template <class Type>
+Type& fieldOf(OverlayKeys& keys, const OverlayKey& key) {
+  return keys.*std::get<Type OverlayKeys::*>(key.field);
+}
+
+void readValue(OverlayKeys& keys, const OverlayKey& key, const JsonValue& value) {
+  switch (key.type) {
+    case OverlayKeyType::text:
+      fieldOf<std::string>(keys, key) = textFrom(value);
+      break;
+    case OverlayKeyType::boolean:
+      fieldOf<bool>(keys, key) = boolFrom(value);
+      break;
+    case OverlayKeyType::presence:
+      fieldOf<bool>(keys, key) = true;
+      break;
+    case OverlayKeyType::failPolicy:
+      fieldOf<std::string>(keys, key) = failPolicyFrom(value);
+      break;
+    case OverlayKeyType::port:
+      fieldOf<std::string>(keys, key) = portFrom(value);
+      break;
+    case OverlayKeyType::resetMembers:
+      fieldOf<ResetMembers>(keys, key) = resetMembersFrom(value);
+      break;
+    case OverlayKeyType::rawSwitches:
+      if (auto& proxy = fieldOf<std::string>(keys, key); proxy.empty()) proxy = rawProxyFrom(value);
+      break;
+  }
 }
 
 }  // namespace
 
-bool overlayBool(std::string_view key, const JsonObject& overlayObject) {
-  const JsonValue* value = overlayObject.find(key);
-  if (value == nullptr) return false;
-  if (const auto* boolean = value->as<bool>()) return *boolean;
-  if (const auto* text = value->as<std::string>()) return *text == "true" || *text == "1";
-  const auto* number = value->as<JsonNumber>();
-  return number != nullptr && platform::isNonZero(*number);
+bool overlayBool(const OverlayKey& key, const JsonObject& overlayObject) {
+  const JsonValue* value = overlayObject.find(key.name);
+  return value != nullptr && boolFrom(*value);
 }
 
 OverlayKeys overlayKeysFrom(const JsonObject& overlayObject) {
-  const auto isOn = [&](std::string_view key) { return overlayBool(key, overlayObject); };
-  const auto isSet = [&](std::string_view key) { return overlayObject.find(key) != nullptr; };
   OverlayKeys keys;
-  keys.proxyServer = proxyServerIn(overlayObject);
-  keys.webrtcNoLeak = isOn("webrtc-no-leak");
-  keys.webrtcFakePublicIpSet = isSet("webrtc-fake-public-ip");
-  keys.onProxyFail = onProxyFailIn(overlayObject);
-  keys.autoGeo = isOn("auto-geo");
-  keys.autoLang = isOn("auto-lang");
-  keys.autoTimezone = isOn("auto-timezone");
-  keys.geoLatSet = isSet("geo-lat");
-  keys.geoLngSet = isSet("geo-lng");
-  keys.langSet = isSet("lang");
-  keys.acceptLanguageSet = isSet("accept-language");
-  keys.timezoneOverrideSet = isSet("timezone-override");
-  keys.startPage = overlayObject.text("start-page");
-  keys.closePreviousTabs = isOn("close-previous-tabs") || !keys.startPage.empty();
-  keys.granularStorageReset = granularStorageResetIn(overlayObject);
-  keys.deviceMemorySet = isSet("device-memory");
-  keys.hardwareConcurrencySet = isSet("hardware-concurrency");
-  keys.speechVoicesSet = isSet("speech-voices");
-  keys.webglProfile = overlayObject.text("webgl-profile");
-  keys.cdpTcpPort = cdpTcpPortIn(overlayObject);
+  for (const OverlayKey& key : overlayKeyTable) {
+    if (const JsonValue* value = overlayObject.find(key.name)) readValue(keys, key, *value);
+  }
+  keys.closePreviousTabs = keys.closePreviousTabs || !keys.startPage.empty();
   return keys;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "overlay/overlay_keys.h"
 #include "platform/text/text.h"
 #include "splash/colors.h"
 
@@ -14,7 +15,7 @@ using platform::JsonNumber;
 using platform::JsonObject;
 using platform::JsonValue;
 
-constexpr std::string_view rawSwitchesKey = "chrome-command-line";
+constexpr std::string_view rawSwitchesKey = overlayKey("chrome-command-line").name;
 constexpr std::string_view ellipsis = "…";
 
 constexpr double left = 16;

@@ -3,8 +3,8 @@
 #include <sstream>
 
 #include "launch_fixture.h"
-#include "overlay/overlay_location.h"
 #include "overlay/overlay_keys.h"
+#include "overlay/overlay_location.h"
 #include "overlay/webgl_catalogue.h"
 
 namespace quillon {

@@ -53,8 +53,7 @@ properties = schemas["overlay"]["properties"]
 first_column = " ".join(re.findall(r"^\| (`.*?) \|", page.split("| key |")[1].split("\n\n")[0], re.M))
 kinds = {kind for code in root.glob("profile/*.cpp") for kind in re.findall(r'\{"(\w+)", \{', code.read_text())}
 assert properties.keys() == set(re.findall("`(.*?)`", first_column)), "docs/overlay.md has other keys"
-for code in root.glob("overlay/*key*.cpp"):
-    literals = set(re.findall(r'"([a-z]+(?:-[a-z]+)*)"', code.read_text()))
-    assert properties.keys() == literals - {"block", "fallback", "true"}, f"{code} has other keys"
+table = re.findall(r'\{"(.*?)", OverlayKeyType', (root / "overlay/overlay_keys.h").read_text())
+assert properties.keys() == set(table), "overlay/overlay_keys.h has other keys"
 assert properties["granular-storage-reset"]["properties"].keys() == kinds | {"all"}, "the launcher knows other kinds"
 assert properties["webgl-profile"]["examples"] == list(profiles["profiles"]), "the catalogue has other profiles"
