@@ -1,6 +1,7 @@
 #include "overlay/overlay_keys.h"
 
 #include "overlay/overlay_location.h"
+#include "overlay/true_values.h"
 #include "platform/text/text.h"
 
 namespace quillon {
@@ -14,13 +15,6 @@ using ResetMembers = std::map<std::string, bool>;
 std::string textFrom(const JsonValue& value) {
   const auto* text = value.as<std::string>();
   return text == nullptr ? std::string() : *text;
-}
-
-bool boolFrom(const JsonValue& value) {
-  if (const auto* boolean = value.as<bool>()) return *boolean;
-  if (const auto* text = value.as<std::string>()) return *text == "true" || *text == "1";
-  const auto* number = value.as<JsonNumber>();
-  return number != nullptr && platform::isNonZero(*number);
 }
 
 std::string failPolicyFrom(const JsonValue& value) {
@@ -39,11 +33,7 @@ ResetMembers resetMembersFrom(const JsonValue& value) {
   const auto* object = value.as<JsonObject>();
   if (object == nullptr) return reset;
   for (const platform::JsonMember& member : object->members()) {
-    if (const auto* boolean = member.value.as<bool>()) {
-      reset[member.key] = *boolean;
-    } else if (const auto* number = member.value.as<JsonNumber>()) {
-      reset[member.key] = platform::isNonZero(*number);
-    }
+    if (const auto isTrue = resetMemberValue(member.value)) reset[member.key] = *isTrue;
   }
   return reset;
 }
@@ -64,7 +54,7 @@ void readValue(OverlayKeys& keys, const OverlayKey& key, const JsonValue& value)
       fieldOf<std::string>(keys, key) = textFrom(value);
       break;
     case OverlayKeyType::boolean:
-      fieldOf<bool>(keys, key) = boolFrom(value);
+      fieldOf<bool>(keys, key) = isTrueKeyValue(value);
       break;
     case OverlayKeyType::presence:
       fieldOf<bool>(keys, key) = true;
@@ -88,7 +78,7 @@ void readValue(OverlayKeys& keys, const OverlayKey& key, const JsonValue& value)
 
 bool overlayBool(const OverlayKey& key, const JsonObject& overlayObject) {
   const JsonValue* value = overlayObject.find(key.name);
-  return value != nullptr && boolFrom(*value);
+  return value != nullptr && isTrueKeyValue(*value);
 }
 
 OverlayKeys overlayKeysFrom(const JsonObject& overlayObject) {

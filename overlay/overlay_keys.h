@@ -48,7 +48,7 @@ struct OverlayKeys {
 enum class OverlayKeyType {
   /// A string.
   text,
-  /// See `overlayBool`.
+  /// What `isTrueKeyValue` accepts.
   boolean,
   /// Any value: only the presence of the key matters. The engine reads the value.
   presence,
@@ -56,7 +56,7 @@ enum class OverlayKeyType {
   failPolicy,
   /// A number or a string.
   port,
-  /// An object of booleans and numbers.
+  /// An object whose members `resetMemberValue` reads.
   resetMembers,
   /// An object of engine switches. The launcher uses only "--proxy-server".
   rawSwitches,
@@ -113,8 +113,7 @@ inline constexpr auto overlayKeyTable = std::to_array<OverlayKey>({
 /// The keys of an overlay file; the initial values if it contains no JSON object.
 [[nodiscard]] OverlayKeys loadOverlayKeys(const platform::Path& overlayURL);
 
-/// The value of a key as a boolean: true for true, for a number except 0 and for the strings
-/// "true" and "1"; false for every other value and for a missing key.
+/// The value of a key as `isTrueKeyValue` reads it; false for a missing key.
 [[nodiscard]] bool overlayBool(const OverlayKey& key, const platform::JsonObject& overlayObject);
 
 }  // namespace quillon

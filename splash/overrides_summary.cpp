@@ -1,9 +1,9 @@
 #include "splash/overrides_summary.h"
 
 #include <algorithm>
-#include <array>
 
 #include "overlay/overlay_keys.h"
+#include "overlay/true_values.h"
 #include "platform/text/text.h"
 #include "splash/colors.h"
 
@@ -11,7 +11,6 @@ namespace quillon {
 namespace {
 
 namespace ui = platform::ui;
-using platform::JsonNumber;
 using platform::JsonObject;
 using platform::JsonValue;
 
@@ -26,12 +25,6 @@ constexpr double headerGap = 4;
 constexpr double sectionGap = 8;
 constexpr double fontSize = 11;
 constexpr std::size_t widestKey = 28;
-
-bool isActiveText(const std::string& text) {
-  constexpr std::array<std::string_view, 5> inactive{"", "false", "0", "off", "no"};
-  const std::string word = platform::lowerCased(platform::trimBlanks(text));
-  return std::find(inactive.begin(), inactive.end(), word) == inactive.end();
-}
 
 template <class Predicate>
 std::vector<std::string> sortedKeys(const JsonObject& object, Predicate isListed) {
@@ -97,14 +90,6 @@ double layOutSection(ui::Window& window, const Section& section, double y) {
 }
 
 }  // namespace
-
-bool isActiveOverlayValue(const JsonValue& value) {
-  if (value.as<std::monostate>() != nullptr) return false;
-  if (const auto* boolean = value.as<bool>()) return *boolean;
-  if (const auto* number = value.as<JsonNumber>()) return platform::isNonZero(*number);
-  const auto* text = value.as<std::string>();
-  return text == nullptr || isActiveText(*text);
-}
 
 std::string overlayValueText(const JsonValue* value) {
   if (value == nullptr || value->as<std::monostate>() != nullptr) return {};

@@ -20,10 +20,6 @@ struct OverridesSummary {
   const platform::JsonObject* switchObject = nullptr;
 };
 
-/// Whether a setting counts as switched on. Off are null, false, numbers equal to zero, blank
-/// strings and the words false, 0, off and no in any case, blanks around them included. Pure.
-[[nodiscard]] bool isActiveOverlayValue(const platform::JsonValue& value);
-
 /// A value as the user reads it: strings unchanged, other values as compact JSON, an empty text for
 /// null and for a null pointer. Pure.
 [[nodiscard]] std::string overlayValueText(const platform::JsonValue* value);

@@ -11,6 +11,7 @@
 #include "discovery/endpoint_reply.h"
 #include "discovery/persona.h"
 #include "engine/engine_arguments.h"
+#include "overlay/true_values.h"
 #include "overlay/webgl_catalogue.h"
 #include "platform/text/json.h"
 #include "platform/text/text.h"
