@@ -56,7 +56,7 @@ Findings catalogueFindings(const LaunchPreview& preview) {
   const auto& catalogue = host.catalogue.object;
   const JsonObject* profiles = catalogue ? findWebglProfiles(*catalogue) : nullptr;
   if (profiles != nullptr) return unusableProfile(preview, file, *profiles);
-  const auto& fault = host.catalogue.fault;
+  const auto fault = host.catalogue.problems.fault.value_or(platform::JsonFault());
   std::string problem = "the catalogue " + file;
   if (host.catalogue.state != JsonFile::State::malformed) {
     problem += catalogue ? " has no object \"profiles\"" : " cannot be read";

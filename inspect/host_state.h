@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <optional>
 
+#include "inspect/json_file.h"
 #include "launcher/process_values.h"
-#include "overlay/json_file.h"
 #include "platform/files/files.h"
 #include "platform/probe/argument_limits.h"
 

@@ -39,11 +39,12 @@ ReportValue jsonPlace(std::size_t lineOrColumn) {
 JsonText jsonOverlay(const LaunchPreview& preview) {
   constexpr std::array<const char*, 4> states{"read", "missing", "unreadable", "malformed"};
   const JsonFile& file = preview.host.overlay;
+  const platform::JsonFault fault = file.problems.fault.value_or(platform::JsonFault());
   return jsonObject({
       {"path", jsonString(platform::absolutePath(preview.values.overlayURL).text())},
       {"state", states.at(static_cast<std::size_t>(file.state))},
-      {"line", jsonPlace(file.fault.line)},
-      {"column", jsonPlace(file.fault.column)},
+      {"line", jsonPlace(fault.line)},
+      {"column", jsonPlace(fault.column)},
   });
 }
 

@@ -44,8 +44,8 @@ Findings unusableFile(const LaunchPreview& preview) {
       break;
   }
   return {{Level::error, "",
-           file + " " + faultText(preview.host.overlay.fault) + "." + withoutPersona +
-               " Correct the file."}};
+           file + " " + faultText(preview.host.overlay.problems.fault.value_or(JsonFault())) + "." +
+               withoutPersona + " Correct the file."}};
 }
 
 bool isRemark(std::string_view key) {
@@ -101,26 +101,22 @@ Findings unknownResetKeys(const LaunchPreview& preview) {
   return findings;
 }
 
-void addRepeated(Findings& findings, const LaunchPreview& preview, const JsonObject& object,
-                 const std::string& within) {
-  std::vector<std::string> repeated = object.repeatedKeys();
-  std::sort(repeated.begin(), repeated.end());
-  repeated.erase(std::unique(repeated.begin(), repeated.end()), repeated.end());
-  for (const std::string& key : repeated) {
-    findings.push_back({Level::warning, within.empty() ? key : within,
-                        (within.empty() ? inOverlay(preview, key)
-                                        : '"' + key + "\" within " + inOverlay(preview, within)) +
-                            " is given more than once: the last one counts. Keep one."});
-  }
-}
+constexpr const char* givenTwice = " is given more than once: the last one counts. Keep one.";
 
 Findings repeatedKeys(const LaunchPreview& preview) {
-  const JsonObject& overlay = *preview.host.overlay.object;
+  const platform::JsonProblems& problems = preview.host.overlay.problems;
   Findings findings;
-  addRepeated(findings, preview, overlay, "");
+  for (const std::string& key : problems.repeatedKeys) {
+    findings.push_back({Level::warning, key, inOverlay(preview, key) + givenTwice});
+  }
   for (const OverlayKey& key : overlayKeyTable) {
-    const auto* nested = overlay.find<JsonObject>(key.name);
-    if (nested != nullptr) addRepeated(findings, preview, *nested, std::string(key.name));
+    const std::string name(key.name);
+    const auto within = problems.repeatedKeysWithin.find(name);
+    if (within == problems.repeatedKeysWithin.end()) continue;
+    for (const std::string& member : within->second) {
+      findings.push_back({Level::warning, name,
+                          '"' + member + "\" within " + inOverlay(preview, name) + givenTwice});
+    }
   }
   return findings;
 }

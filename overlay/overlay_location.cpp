@@ -2,7 +2,6 @@
 
 #include <string_view>
 
-#include "overlay/json_file.h"
 #include "platform/files/files.h"
 #include "platform/host/host.h"
 
@@ -34,7 +33,8 @@ platform::Path overlayFileURL(const std::optional<std::string>& userDataDir) {
 }
 
 std::optional<platform::JsonObject> readOverlayObject(const platform::Path& overlayURL) {
-  return readJsonFile(overlayURL).object;
+  const auto text = platform::readFile(overlayURL);
+  return text ? platform::parseJsonObject(*text) : std::nullopt;
 }
 
 }  // namespace quillon

@@ -1,6 +1,5 @@
 #include "overlay/webgl_catalogue.h"
 
-#include "overlay/json_file.h"
 #include "platform/files/files.h"
 #include "platform/text/text.h"
 
@@ -54,7 +53,8 @@ std::vector<std::string> webglProfileSwitches(std::string_view profileName,
                                               const CataloguePlaces& places) {
   if (profileName.empty()) return {};
   const auto url = webglCatalogueURL(places);
-  const auto catalogue = url ? readJsonFile(*url).object : std::nullopt;
+  const auto text = url ? platform::readFile(*url) : std::nullopt;
+  const auto catalogue = text ? platform::parseJsonObject(*text) : std::nullopt;
   return catalogue ? switchesOfWebglProfile(*catalogue, profileName) : std::vector<std::string>();
 }
 

@@ -14,6 +14,7 @@
 #include "platform/core/descriptor.h"
 #include "platform/dispatch/dispatch.h"
 #include "platform/files/files.h"
+#include "platform/probe/json_problems.h"
 #include "platform/process/child_process.h"
 #include "platform/process/process.h"
 #include "platform/text/json.h"
@@ -52,8 +53,8 @@ TEST(Json, ReadsObjectsOnlyAndStrictly) {
       {std::string("{\"a\0\":1}", 8), {0, 1, 4}},
       {std::string("{}\n\0x", 5), {0, 2, 1}}};
   for (const auto& [text, expected] : unreadable) {
-    JsonFault fault;
-    EXPECT_FALSE(parseJsonObject(text, JsonDepth::all, &fault)) << text;
+    EXPECT_FALSE(parseJsonObject(text)) << text;
+    const JsonFault fault = findJsonProblems(text).fault.value();
     const std::array found{static_cast<std::size_t>(fault.kind), fault.line, fault.column};
     EXPECT_EQ(expected, found) << text;
   }

@@ -50,31 +50,25 @@ class TreeBuilder {
   }
 
   /// Only an object may be on top.
-  bool start_array(std::size_t) {
-    if (containers_.empty()) return fail(JsonFault::Kind::notAnObject);
-    return open(Container{JsonArray()});
-  }
+  bool start_array(std::size_t) { return !containers_.empty() && open(Container{JsonArray()}); }
   bool end_array() {
     auto array = std::make_unique<JsonArray>(std::move(std::get<JsonArray>(containers_.back())));
     containers_.pop_back();
     return add({std::move(array)});
   }
 
-  bool parse_error(std::size_t position, const std::string&, const nlohmann::json::exception&) {
-    return fail(JsonFault::Kind::malformed, position);
+  bool parse_error(std::size_t, const std::string&, const nlohmann::json::exception&) {
+    return false;
   }
   // NOLINTEND(readability-identifier-naming,readability-convert-member-functions-to-static)
 
   [[nodiscard]] JsonObject takeRoot() { return std::move(root_); }
-  [[nodiscard]] JsonFault::Kind faultKind() const { return faultKind_; }
-  /// How many bytes were read when the fault showed; 0 when that is not known.
-  [[nodiscard]] std::size_t faultPosition() const { return faultPosition_; }
 
  private:
   using Container = std::variant<std::vector<JsonMember>, JsonArray>;
 
   bool open(Container container) {
-    if (containers_.size() == maxJsonDepth) return fail(JsonFault::Kind::tooDeep);
+    if (containers_.size() == maxJsonDepth) return false;
     containers_.push_back(std::move(container));
     return true;
   }
@@ -85,7 +79,7 @@ class TreeBuilder {
   }
 
   bool add(JsonValue value) {
-    if (containers_.empty()) return fail(JsonFault::Kind::notAnObject);
+    if (containers_.empty()) return false;
     if (isPassedOver()) return true;
     if (auto* members = std::get_if<std::vector<JsonMember>>(&containers_.back())) {
       members->back().value = std::move(value);
@@ -95,27 +89,10 @@ class TreeBuilder {
     return true;
   }
 
-  /// Always false: it ends the reading.
-  bool fail(JsonFault::Kind kind, std::size_t position = 0) {
-    faultKind_ = kind;
-    faultPosition_ = position;
-    return false;
-  }
-
   JsonDepth depth_;
   std::vector<Container> containers_;
   JsonObject root_;
-  JsonFault::Kind faultKind_ = JsonFault::Kind::malformed;
-  std::size_t faultPosition_ = 0;
 };
-
-/// The place of the last of so many bytes.
-JsonFault faultAt(JsonFault::Kind kind, std::string_view text, std::size_t position) {
-  if (position == 0) return {kind, 0, 0};
-  const std::string_view before = text.substr(0, position - 1);
-  const auto line = static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n')) + 1;
-  return {kind, line, before.size() - (before.rfind('\n') + 1) + 1};
-}
 
 std::string quoted(const std::string& text) {
   return nlohmann::json(text).dump();
@@ -199,9 +176,8 @@ bool JsonObject::dropRepeatedKeys() {
     const std::size_t earlier = index_[i - 1].position;
     if (members_[earlier].key != members_[index_[i].position].key) continue;
     repeated[earlier] = true;
-    repeatedKeys_.push_back(members_[earlier].key);
   }
-  if (repeatedKeys_.empty()) return false;
+  if (std::find(repeated.begin(), repeated.end(), true) == repeated.end()) return false;
   std::size_t position = 0;
   std::erase_if(members_, [&](const JsonMember&) { return repeated[position++]; });
   return true;
@@ -222,21 +198,14 @@ std::string JsonObject::text(std::string_view key) const {
   return found == nullptr ? std::string() : *found;
 }
 
-std::optional<JsonObject> parseJsonObject(std::string_view text, JsonDepth depth,
-                                          JsonFault* fault) {
-  JsonFault ignored;
-  JsonFault& why = fault == nullptr ? ignored : *fault;
-  // The library takes a NUL for the end of the text. JSON has none outside an escape.
-  if (const std::size_t nul = text.find('\0'); nul != std::string_view::npos) {
-    why = faultAt(JsonFault::Kind::malformed, text, nul + 1);
-    return std::nullopt;
-  }
+std::optional<JsonObject> parseJsonObject(std::string_view text, JsonDepth depth) {
+  // The library treats a NUL as the end of the text. Valid JSON contains none.
+  if (text.find('\0') != std::string_view::npos) return std::nullopt;
   try {
     TreeBuilder builder(depth);
     if (nlohmann::json::sax_parse(text.begin(), text.end(), &builder)) return builder.takeRoot();
-    why = faultAt(builder.faultKind(), text, builder.faultPosition());
   } catch (const std::exception&) {
-    why = {};  // Out of memory: as unreadable as any other text that cannot be held.
+    return std::nullopt;  // Not enough memory for the text.
   }
   return std::nullopt;
 }

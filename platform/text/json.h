@@ -29,9 +29,6 @@ class JsonObject {
 
   [[nodiscard]] const std::vector<JsonMember>& members() const { return members_; }
 
-  /// The keys that the text gives more than once, a name for each time too many.
-  [[nodiscard]] const std::vector<std::string>& repeatedKeys() const { return repeatedKeys_; }
-
   /// The value of a key (exact, case-sensitive); null when there is none. Logarithmic.
   [[nodiscard]] const JsonValue* find(std::string_view key) const;
 
@@ -53,7 +50,6 @@ class JsonObject {
   [[nodiscard]] bool dropRepeatedKeys();
 
   std::vector<JsonMember> members_;
-  std::vector<std::string> repeatedKeys_;
   /// Sorted by hash, then key: a lookup is a binary search, and keys made to collide cost no more
   /// than a sort by key does.
   std::vector<IndexEntry> index_;
@@ -99,24 +95,12 @@ inline constexpr std::size_t maxJsonDepth = 512;
 /// objects among them. Those are read all the same, but take no memory.
 enum class JsonDepth { all, members };
 
-/// Why a text holds no readable object, and where that shows.
-struct JsonFault {
-  /// `malformed` also for what is not UTF-8 and for a number beyond the range of a double.
-  enum class Kind { malformed, notAnObject, tooDeep };
-
-  Kind kind = Kind::malformed;
-  /// Both count from 1, the column in bytes; 0 when the place is not known.
-  std::size_t line = 0;
-  std::size_t column = 0;
-};
-
-/// Reads a text whose top level is an object. A leading UTF-8 byte-order mark is accepted.
-/// Nothing when the text is not valid JSON or not valid UTF-8, has another top level, is nested
-/// deeper than `maxJsonDepth`, or holds a number beyond the range of a double (1e999); `fault`,
-/// which may be null, then tells which.
+/// Parses a text whose top level is an object. A UTF-8 byte-order mark at its start is accepted.
+/// Nothing if the text is not valid JSON or not valid UTF-8, if its top level is another value, or
+/// if it contains a container nested deeper than `maxJsonDepth` or a number outside the range of a
+/// double (1e999).
 [[nodiscard]] std::optional<JsonObject> parseJsonObject(std::string_view text,
-                                                        JsonDepth depth = JsonDepth::all,
-                                                        JsonFault* fault = nullptr);
+                                                        JsonDepth depth = JsonDepth::all);
 
 /// The value as JSON text without added whitespace, members in file order.
 [[nodiscard]] std::string compactJsonText(const JsonValue& value);

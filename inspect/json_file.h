@@ -3,22 +3,23 @@
 #include <optional>
 
 #include "platform/core/path.h"
+#include "platform/probe/json_problems.h"
 #include "platform/text/json.h"
 
 namespace quillon {
 
-/// What was found where a file with a JSON object should be.
+/// A file that should contain a JSON object.
 struct JsonFile {
   enum class State { read, missing, unreadable, malformed };
 
   State state = State::missing;
-  /// malformed: why and where.
-  platform::JsonFault fault;
-  /// read: the object.
+  /// The object; nothing in every state except `read`.
   std::optional<platform::JsonObject> object;
+  /// If the state is `read`, the repeated keys; if it is `malformed`, the fault.
+  platform::JsonProblems problems;
 };
 
-/// Reads the file; whatever is wrong is a state. Any thread.
+/// Reads the file. Every failure is a state. Any thread.
 [[nodiscard]] JsonFile readJsonFile(const platform::Path& path);
 
 }  // namespace quillon
