@@ -76,8 +76,10 @@ HostState probeHost(const ProcessValues& values) {
   HostState host;
   host.overlay = readJsonFile(values.overlayURL);
   if (!request.overlay.webglProfile.empty()) {
-    host.catalogueURL = webglCatalogueURL(values.cataloguePlaces());
-    if (host.catalogueURL) host.catalogue = readJsonFile(*host.catalogueURL);
+    if (const auto catalogue = readWebglCatalogue(values.cataloguePlaces())) {
+      host.catalogueURL = catalogue->url;
+      host.catalogue = readJsonFile(catalogue->url);
+    }
   }
   host.profileFolder = profileFolderOf(request.userDataDir);
   host.engineIsExecutable = platform::isExecutableFile(request.engineBinary);

@@ -1,5 +1,7 @@
 #include "launcher/process_values.h"
 
+#include <utility>
+
 #include "launcher/engine_location.h"
 #include "overlay/overlay_location.h"
 #include "platform/host/host.h"
@@ -18,14 +20,17 @@ ProcessValues readProcessValues(const std::vector<std::string>& argumentVector,
     request.originalArgs.assign(argumentVector.begin() + 1, argumentVector.end());
   }
   request.userDataDir = userDataDirFromArgs(request.originalArgs);
-  values.overlayURL = overlayFileURL(request.userDataDir);
-  request.overlay = loadOverlayKeys(values.overlayURL);
+  OverlayFile overlay = readOverlayFile(request.userDataDir);
+  values.overlayURL = std::move(overlay.overlayURL);
+  request.overlay = loadOverlayKeys(overlay.object);
   return values;
 }
 
 LaunchFacts gatherFacts(const ProcessValues& values) {
-  return {{platform::physicalMemory(), platform::activeProcessorCount()},
-          webglProfileSwitches(values.request.overlay.webglProfile, values.cataloguePlaces())};
+  const OverlayKeys& overlay = values.request.overlay;
+  return {{overlay.deviceMemorySet ? 0 : platform::physicalMemory(),
+           overlay.hardwareConcurrencySet ? 0 : platform::activeProcessorCount()},
+          webglProfileSwitches(overlay.webglProfile, values.cataloguePlaces())};
 }
 
 }  // namespace quillon

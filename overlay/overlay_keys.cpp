@@ -1,6 +1,5 @@
 #include "overlay/overlay_keys.h"
 
-#include "overlay/overlay_location.h"
 #include "overlay/true_values.h"
 #include "platform/text/text.h"
 
@@ -90,8 +89,7 @@ OverlayKeys overlayKeysFrom(const JsonObject& overlayObject) {
   return keys;
 }
 
-OverlayKeys loadOverlayKeys(const platform::Path& overlayURL) {
-  const auto overlayObject = readOverlayObject(overlayURL);
+OverlayKeys loadOverlayKeys(const std::optional<JsonObject>& overlayObject) {
   return overlayObject ? overlayKeysFrom(*overlayObject) : OverlayKeys();
 }
 

@@ -2,12 +2,12 @@
 
 #include <array>
 #include <map>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <variant>
 
-#include "platform/core/path.h"
 #include "platform/text/json.h"
 
 /// The keys of the persona overlay: one table, and the record that it fills. Any thread.
@@ -110,8 +110,8 @@ inline constexpr auto overlayKeyTable = std::to_array<OverlayKey>({
 /// wrong type leaves its field unchanged.
 [[nodiscard]] OverlayKeys overlayKeysFrom(const platform::JsonObject& overlayObject);
 
-/// The keys of an overlay file; the initial values if it contains no JSON object.
-[[nodiscard]] OverlayKeys loadOverlayKeys(const platform::Path& overlayURL);
+/// The same for an overlay file that was read; the initial values if it contains no JSON object.
+[[nodiscard]] OverlayKeys loadOverlayKeys(const std::optional<platform::JsonObject>& overlayObject);
 
 /// The value of a key as `isTrueKeyValue` reads it; false for a missing key.
 [[nodiscard]] bool overlayBool(const OverlayKey& key, const platform::JsonObject& overlayObject);

@@ -1,6 +1,7 @@
 #include "overlay/overlay_location.h"
 
 #include <string_view>
+#include <utility>
 
 #include "platform/files/files.h"
 #include "platform/host/host.h"
@@ -10,6 +11,10 @@ namespace {
 
 constexpr std::string_view userDataDirPrefix = "--user-data-dir=";
 constexpr const char* overlayFileName = "command-line.json";
+
+std::optional<platform::JsonObject> objectIn(const std::optional<std::string>& text) {
+  return text ? platform::parseJsonObject(*text) : std::nullopt;
+}
 
 }  // namespace
 
@@ -24,17 +29,19 @@ platform::Path perUserFolder() {
   return platform::homeFolder() / "Library/Application Support/Quillon";
 }
 
-platform::Path overlayFileURL(const std::optional<std::string>& userDataDir) {
+OverlayFile readOverlayFile(const std::optional<std::string>& userDataDir) {
   if (userDataDir) {
     platform::Path ofProfile = platform::Path(*userDataDir) / overlayFileName;
-    if (platform::exists(ofProfile)) return ofProfile;
+    const auto text = platform::readFile(ofProfile);
+    if (text || platform::exists(ofProfile)) return {std::move(ofProfile), objectIn(text)};
   }
-  return perUserFolder() / overlayFileName;
+  platform::Path ofUser = perUserFolder() / overlayFileName;
+  auto object = readOverlayObject(ofUser);
+  return {std::move(ofUser), std::move(object)};
 }
 
 std::optional<platform::JsonObject> readOverlayObject(const platform::Path& overlayURL) {
-  const auto text = platform::readFile(overlayURL);
-  return text ? platform::parseJsonObject(*text) : std::nullopt;
+  return objectIn(platform::readFile(overlayURL));
 }
 
 }  // namespace quillon

@@ -10,6 +10,13 @@
 /// Which overlay file a launch uses. Any thread.
 namespace quillon {
 
+/// An overlay file that was read.
+struct OverlayFile {
+  platform::Path overlayURL;
+  /// Nothing if the file is missing, unreadable or contains no JSON object.
+  std::optional<platform::JsonObject> object;
+};
+
 /// The profile folder: the text after "--user-data-dir=" in the first of the `arguments` that
 /// starts with it, unchanged. `arguments` do not contain the program path. Nothing if no argument
 /// has this prefix; empty if no text follows it. "--user-data-dir" and the folder as two arguments
@@ -21,9 +28,9 @@ namespace quillon {
 /// reports of a launch without a profile folder. It need not exist.
 [[nodiscard]] platform::Path perUserFolder();
 
-/// "command-line.json" in the profile folder if a file or folder of that name exists there, else
-/// in the per-user folder, where it need not exist. The two files are never merged.
-[[nodiscard]] platform::Path overlayFileURL(const std::optional<std::string>& userDataDir);
+/// Reads "command-line.json" in the profile folder if a file or folder of that name exists there,
+/// else in the per-user folder, where it need not exist. The two files are never merged.
+[[nodiscard]] OverlayFile readOverlayFile(const std::optional<std::string>& userDataDir);
 
 /// The overlay's top-level object. Nothing if the file is unreadable or contains no JSON object.
 [[nodiscard]] std::optional<platform::JsonObject> readOverlayObject(

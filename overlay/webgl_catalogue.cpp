@@ -1,5 +1,7 @@
 #include "overlay/webgl_catalogue.h"
 
+#include <utility>
+
 #include "platform/files/files.h"
 #include "platform/text/text.h"
 
@@ -23,11 +25,15 @@ std::string switchValueText(const JsonValue& value) {
 
 }  // namespace
 
-std::optional<platform::Path> webglCatalogueURL(const CataloguePlaces& places) {
-  if (auto resource = places.bundle.findResource(catalogueFileName)) return resource;
-  platform::Path besideProgram = platform::Path(places.programPath).folder() / catalogueFileName;
-  if (!platform::exists(besideProgram)) return std::nullopt;
-  return besideProgram;
+std::optional<WebglCatalogue> readWebglCatalogue(const CataloguePlaces& places) {
+  for (const auto& folder :
+       {places.bundle.resources, platform::Path(places.programPath).folder()}) {
+    platform::Path url = folder / catalogueFileName;
+    const auto text = platform::readFile(url);
+    if (text) return WebglCatalogue{std::move(url), platform::parseJsonObject(*text)};
+    if (platform::exists(url)) return WebglCatalogue{std::move(url), std::nullopt};
+  }
+  return std::nullopt;
 }
 
 const JsonObject* findWebglProfiles(const JsonObject& catalogue) {
@@ -52,10 +58,9 @@ std::vector<std::string> switchesOfWebglProfile(const JsonObject& catalogue,
 std::vector<std::string> webglProfileSwitches(std::string_view profileName,
                                               const CataloguePlaces& places) {
   if (profileName.empty()) return {};
-  const auto url = webglCatalogueURL(places);
-  const auto text = url ? platform::readFile(*url) : std::nullopt;
-  const auto catalogue = text ? platform::parseJsonObject(*text) : std::nullopt;
-  return catalogue ? switchesOfWebglProfile(*catalogue, profileName) : std::vector<std::string>();
+  const auto catalogue = readWebglCatalogue(places);
+  if (!catalogue || !catalogue->object) return {};
+  return switchesOfWebglProfile(*catalogue->object, profileName);
 }
 
 }  // namespace quillon

@@ -20,8 +20,16 @@ struct CataloguePlaces {
   std::string programPath;
 };
 
-/// The catalogue file; nothing when it is in neither place.
-[[nodiscard]] std::optional<platform::Path> webglCatalogueURL(const CataloguePlaces& places);
+/// A catalogue file that was read.
+struct WebglCatalogue {
+  platform::Path url;
+  /// Nothing if the file is unreadable or contains no JSON object.
+  std::optional<platform::JsonObject> object;
+};
+
+/// Reads the catalogue in the first place where a file or folder of its name exists; nothing if
+/// there is none in either.
+[[nodiscard]] std::optional<WebglCatalogue> readWebglCatalogue(const CataloguePlaces& places);
 
 /// The object that maps a catalogue's profile names to profiles; null when it has none.
 [[nodiscard]] const platform::JsonObject* findWebglProfiles(const platform::JsonObject& catalogue);
@@ -31,7 +39,7 @@ struct CataloguePlaces {
 [[nodiscard]] std::vector<std::string> switchesOfWebglProfile(const platform::JsonObject& catalogue,
                                                               std::string_view profileName);
 
-/// The switches of the named profile; the file is read once, and only when a name is given.
+/// The switches of the named profile. The file is read only if a name is given.
 [[nodiscard]] std::vector<std::string> webglProfileSwitches(std::string_view profileName,
                                                             const CataloguePlaces& places);
 

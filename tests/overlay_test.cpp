@@ -29,11 +29,12 @@ TEST(OverlayFile, ProfileFolderIsTheFirstExactSwitch) {
 TEST(OverlayFile, ExactlyOneFileIsChosen) {
   const TemporaryFolder profile;
   const std::string folder = profile.path().native();
-  EXPECT_EQ("Quillon", overlayFileURL(folder).folder().name());
-  EXPECT_EQ(overlayFileURL(std::nullopt), overlayFileURL(folder));
+  const platform::Path ofUser = readOverlayFile(folder).overlayURL;
+  EXPECT_EQ("Quillon", ofUser.folder().name());
+  EXPECT_EQ(ofUser, readOverlayFile(std::nullopt).overlayURL);
   profile.write("command-line.json/inside", "a folder of that name");
-  EXPECT_EQ(profile.path() / "command-line.json", overlayFileURL(folder));
-  EXPECT_FALSE(readOverlayObject(overlayFileURL(folder)));
+  EXPECT_EQ(profile.path() / "command-line.json", readOverlayFile(folder).overlayURL);
+  EXPECT_FALSE(readOverlayFile(folder).object);
 }
 
 /// The value of every key by every JSON kind, and what each way of reading makes of it.
