@@ -2,46 +2,14 @@
 
 #include <algorithm>
 
+#include "platform/text/json.h"
+
 namespace quillon {
 namespace {
 
-constexpr unsigned char firstUnescapedCode = 0x20;
-
-/// Every byte that needs escaping is an ASCII character; all others are 0x80 or more.
-void appendEscaped(std::string& out, char character) {
-  switch (character) {
-    case '"':
-      out += "\\\"";
-      return;
-    case '\\':
-      out += "\\\\";
-      return;
-    case '\t':
-      out += "\\t";
-      return;
-    case '\n':
-      out += "\\n";
-      return;
-    case '\r':
-      out += "\\r";
-      return;
-    default:
-      break;
-  }
-  const auto code = static_cast<unsigned char>(character);
-  if (code >= firstUnescapedCode) {
-    out += character;
-    return;
-  }
-  constexpr std::string_view digits = "0123456789abcdef";
-  out += "\\u00";
-  out += digits[code / digits.size()];
-  out += digits[code % digits.size()];
-}
-
 void appendQuoted(std::string& out, std::string_view text) {
   out += '"';
-  out += jsonEscape(text);
+  out += platform::jsonEscape(text);
   out += '"';
 }
 
@@ -63,13 +31,6 @@ void appendDigits(std::string& out, unsigned value, std::size_t width) {
 }
 
 }  // namespace
-
-std::string jsonEscape(std::string_view text) {
-  std::string escaped;
-  escaped.reserve(text.size());
-  for (const char character : text) appendEscaped(escaped, character);
-  return escaped;
-}
 
 JsonText jsonObject(const std::vector<ReportMember>& members) {
   const char* separator = "";

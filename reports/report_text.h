@@ -21,10 +21,6 @@ struct JsonText {
 using ReportValue = std::variant<std::monostate, std::string, std::int64_t, JsonText>;
 using ReportMember = std::pair<std::string_view, ReportValue>;
 
-/// A text as the content of a JSON string (RFC 8259), without the quotes. Only what must be escaped
-/// is escaped; bytes beyond ASCII are unchanged.
-[[nodiscard]] std::string jsonEscape(std::string_view text);
-
 /// The members as one JSON object, without a line feed.
 [[nodiscard]] JsonText jsonObject(const std::vector<ReportMember>& members);
 

@@ -8,12 +8,14 @@
 #include "launch_fixture.h"
 #include "platform/dispatch/dispatch.h"
 #include "platform/process/process.h"
+#include "platform/text/json.h"
 #include "reports/report_file.h"
 #include "reports/report_text.h"
 
 namespace quillon {
 namespace {
 
+using platform::jsonEscape;
 using tests::contentOf;
 using tests::TemporaryFolder;
 

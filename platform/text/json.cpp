@@ -94,8 +94,25 @@ class TreeBuilder {
   JsonObject root_;
 };
 
-std::string quoted(const std::string& text) {
-  return nlohmann::json(text).dump();
+/// Every character that needs an escape is a single byte. The bytes of all others are 0x80 or more.
+void appendEscaped(std::string& out, char character) {
+  constexpr std::string_view plain = "\"\\\t\n\r";
+  constexpr std::string_view letters = "\"\\tnr";
+  constexpr std::string_view digits = "0123456789abcdef";
+  constexpr unsigned char firstUnescaped = 0x20;
+  const auto code = static_cast<unsigned char>(character);
+  if (const std::size_t found = plain.find(character); found != std::string_view::npos) {
+    out.append("\\").append(1, letters[found]);
+  } else if (code < firstUnescaped) {
+    out.append("\\u00").append(1, digits[code / digits.size()]);
+    out.append(1, digits[code % digits.size()]);
+  } else {
+    out += character;
+  }
+}
+
+void appendQuoted(std::string& out, std::string_view text) {
+  out.append("\"").append(jsonEscape(text)).append("\"");
 }
 
 void appendCompact(std::string& out, const JsonValue& value);
@@ -114,7 +131,9 @@ void appendCompact(std::string& out, const JsonObject& object) {
   const char* separator = "";
   out += '{';
   for (const JsonMember& member : object.members()) {
-    out.append(std::exchange(separator, ",")).append(quoted(member.key)).append(":");
+    out += std::exchange(separator, ",");
+    appendQuoted(out, member.key);
+    out += ':';
     appendCompact(out, member.value);
   }
   out += '}';
@@ -127,7 +146,7 @@ void appendCompact(std::string& out, const JsonValue& value) {
   } else if (const auto* number = value.as<JsonNumber>()) {
     out += numberText(*number);
   } else if (const auto* text = value.as<std::string>()) {
-    out += quoted(*text);
+    appendQuoted(out, *text);
   } else if (const auto* array = value.as<JsonArray>()) {
     appendCompact(out, *array);
   } else if (const auto* object = value.as<JsonObject>()) {
@@ -208,6 +227,13 @@ std::optional<JsonObject> parseJsonObject(std::string_view text, JsonDepth depth
     return std::nullopt;  // Not enough memory for the text.
   }
   return std::nullopt;
+}
+
+std::string jsonEscape(std::string_view text) {
+  std::string escaped;
+  escaped.reserve(text.size());
+  for (const char character : text) appendEscaped(escaped, character);
+  return escaped;
 }
 
 std::string compactJsonText(const JsonValue& value) {

@@ -102,7 +102,13 @@ enum class JsonDepth { all, members };
 [[nodiscard]] std::optional<JsonObject> parseJsonObject(std::string_view text,
                                                         JsonDepth depth = JsonDepth::all);
 
-/// The value as JSON text without added whitespace, members in file order.
+/// The content of a JSON string, without the quotes around it. `"`, `\`, tab, line feed and
+/// carriage return become two characters, other characters below U+0020 \u and four lower-case
+/// digits. Every other byte is unchanged.
+[[nodiscard]] std::string jsonEscape(std::string_view text);
+
+/// The value as JSON text without added whitespace, members in file order. Strings are escaped by
+/// `jsonEscape`.
 [[nodiscard]] std::string compactJsonText(const JsonValue& value);
 
 /// Plain decimal text without an exponent; a double in the fewest digits that read back to it,

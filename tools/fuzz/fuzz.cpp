@@ -115,7 +115,7 @@ void checkReport(const std::string& report, std::string_view key, std::string_vi
 
 /// Any text through both reports, read back by the JSON reader.
 [[maybe_unused]] int report(std::string_view input) {
-  require(jsonEscape(input).size() >= input.size());
+  require(platform::jsonEscape(input).size() >= input.size());
   // The reader takes UTF-8 only; every text that the launcher reports is.
   if (!platform::isValidUtf8(input)) return 0;
   const std::string text(input);
