@@ -10,10 +10,10 @@
 namespace quillon {
 namespace {
 
-/// No key is near one that is longer, and an overlay may hold very many very long ones.
+/// Longer keys are not compared: no known key is similar, and an overlay can contain many of them.
 constexpr std::size_t longestKey = 32;
 
-/// One row of the table of distances between the heads of two keys.
+/// One row of the table of distances between the prefixes of two keys.
 using Row = std::array<std::size_t, longestKey + 1>;
 
 char plain(char letter) {
@@ -27,22 +27,23 @@ std::string plain(std::string_view key) {
   return text;
 }
 
-/// The letters that occur, a bit each; some share one.
+/// The letters that occur, one bit each. Several letters can share a bit.
 std::uint64_t lettersOf(std::string_view text) {
   std::uint64_t letters = 0;
   for (const char letter : text) letters |= std::uint64_t{1} << (plain(letter) & 0x3F);
   return letters;
 }
 
-/// Whether the keys may be so near: each error explains one letter that the other has not.
+/// Whether the distance can be `most` or less: each error explains one letter that the other key
+/// does not contain.
 bool mayBeNear(std::string_view key, std::string_view other, std::size_t most) {
   if (key.size() > other.size() + most || other.size() > key.size() + most) return false;
   const int strange = std::popcount(lettersOf(key) & ~lettersOf(other));
   return static_cast<std::size_t>(strange) <= most;
 }
 
-/// Letters left out, put in, replaced, or swapped with their neighbour; more than `most` once it is
-/// clear that there are more.
+/// The number of letters that are missing, added, replaced or swapped with their neighbour. Stops
+/// early with a greater number than `most` if there are more.
 std::size_t distance(std::string_view from, std::string_view to, std::size_t most) {
   std::array<Row, 3> rows{};
   std::iota(rows[0].begin(), rows[0].end(), 0);

@@ -5,8 +5,8 @@
 
 namespace quillon {
 
-/// The known key that a typing error most likely meant; empty when none is near. Case and "_" for
-/// "-" count as no difference at all; of the rest, one letter in five may be wrong. Pure.
+/// The known key that a misspelt key most likely means; empty if none is similar. Case and "_"
+/// instead of "-" are ignored. One letter in five may be wrong. Pure.
 [[nodiscard]] std::string_view nearestKey(std::string_view key,
                                           const std::vector<std::string_view>& known);
 

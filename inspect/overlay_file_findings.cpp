@@ -48,7 +48,7 @@ Findings unusableFile(const LaunchPreview& preview) {
                withoutPersona + " Correct the file."}};
 }
 
-bool isRemark(std::string_view key) {
+bool isComment(std::string_view key) {
   return key.starts_with('_');
 }
 
@@ -63,14 +63,14 @@ bool isAmong(std::string_view name, const std::vector<std::string_view>& names) 
   return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-/// The engine reads the same file, so a key that is unknown here may well be one of its own. Only
-/// one that looks like a typing error is reported, and not when the key it would be is there too.
+/// An unknown key can be one of the engine's, which reads the same file. It is reported only if it
+/// looks misspelt and the overlay does not contain the key that it resembles.
 Findings misspeltKeys(const LaunchPreview& preview) {
   const JsonObject& overlay = *preview.host.overlay.object;
   const auto known = overlayKeyNames();
   Findings findings;
   for (const JsonMember& member : overlay.members()) {
-    if (isRemark(member.key) || isAmong(member.key, known)) continue;
+    if (isComment(member.key) || isAmong(member.key, known)) continue;
     const std::string_view nearest = nearestKey(member.key, known);
     if (nearest.empty() || overlay.find(nearest) != nullptr) continue;
     findings.push_back({Level::warning, member.key,
@@ -88,7 +88,7 @@ Findings unknownResetKeys(const LaunchPreview& preview) {
   Findings findings;
   if (reset == nullptr) return findings;
   for (const JsonMember& member : reset->members()) {
-    if (isRemark(member.key) || isAmong(member.key, known)) continue;
+    if (isComment(member.key) || isAmong(member.key, known)) continue;
     std::string names;
     for (const std::string_view name : known) names.append(names.empty() ? "" : ", ").append(name);
     const std::string_view nearest = nearestKey(member.key, known);

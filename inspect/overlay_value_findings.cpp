@@ -15,7 +15,7 @@ using platform::JsonObject;
 using platform::JsonValue;
 using Level = Finding::Level;
 
-/// The value in the message, unless it is long.
+/// The value as the message shows it: its text, or its type if that is long.
 std::string shown(const JsonValue& value) {
   constexpr std::size_t longest = 40;
   if (value.as<JsonObject>() != nullptr) return "an object";

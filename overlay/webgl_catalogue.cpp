@@ -14,7 +14,7 @@ using platform::JsonValue;
 
 constexpr std::string_view catalogueFileName = "quillon-webgl-profiles.json";
 
-/// The text that a value has in a switch; empty for null.
+/// The value as text for a switch; empty for null.
 std::string switchValueText(const JsonValue& value) {
   if (value.as<std::monostate>() != nullptr) return {};
   if (const auto* text = value.as<std::string>()) return *text;
@@ -48,7 +48,7 @@ std::vector<std::string> switchesOfWebglProfile(const JsonObject& catalogue,
   if (profile == nullptr) return switches;
   for (const auto& [name, value] : profile->members()) {
     const std::string text = switchValueText(value);
-    // A NUL will end the argument.
+    // The engine gets the text before its first NUL.
     if (name.starts_with('_') || platform::truncatedAtNul(text).empty()) continue;
     switches.push_back(std::string("--").append(name).append("=").append(text));
   }

@@ -9,14 +9,14 @@
 #include "platform/text/json.h"
 
 /// The catalogue of WebGL profiles: a JSON object whose "profiles" maps names to sets of switches.
-/// Whatever is wrong with it costs the switches concerned and nothing else. Any thread.
+/// An error in it removes only the switches that it concerns. Any thread.
 namespace quillon {
 
-/// The two places where the catalogue may lie.
+/// The two places where the launcher looks for the catalogue.
 struct CataloguePlaces {
   /// First the resources of the bundle.
   platform::Bundle bundle;
-  /// Then the folder part of the path that the launcher was started by; may be empty.
+  /// Then the folder of this path, by which the launcher was started; may be empty.
   std::string programPath;
 };
 
@@ -31,11 +31,11 @@ struct WebglCatalogue {
 /// there is none in either.
 [[nodiscard]] std::optional<WebglCatalogue> readWebglCatalogue(const CataloguePlaces& places);
 
-/// The object that maps a catalogue's profile names to profiles; null when it has none.
+/// The object that maps a catalogue's profile names to profiles; null if it is missing.
 [[nodiscard]] const platform::JsonObject* findWebglProfiles(const platform::JsonObject& catalogue);
 
-/// The switches of one profile of a catalogue, in the file's order. An entry gives none when its
-/// name begins with "_" or its value is null or has an empty text.
+/// The switches of one profile of a catalogue, in the order of the file. An entry is skipped if its
+/// name starts with "_" or its value is null or an empty text.
 [[nodiscard]] std::vector<std::string> switchesOfWebglProfile(const platform::JsonObject& catalogue,
                                                               std::string_view profileName);
 

@@ -11,8 +11,8 @@
 namespace quillon::platform {
 namespace {
 
-/// Builds the value tree straight from the reader's events; a false return ends the reading.
-/// Open containers are kept on a stack and handed to their parent when they close.
+/// Builds the values from the parser's events. A function that returns false ends the parsing.
+/// Open containers are on a stack; when one is closed, it becomes a value of its parent.
 class TreeBuilder {
  public:
   explicit TreeBuilder(JsonDepth depth) : depth_(depth) {}
@@ -24,7 +24,7 @@ class TreeBuilder {
   using binary_t = nlohmann::json::binary_t;
 
   // NOLINTBEGIN(readability-identifier-naming,readability-convert-member-functions-to-static):
-  // the reader's names and kinds of functions.
+  // the parser's names and member functions.
   bool null() { return add({}); }
   bool boolean(bool value) { return add({value}); }
   bool number_integer(std::int64_t value) { return add({JsonNumber(value)}); }
@@ -35,7 +35,7 @@ class TreeBuilder {
 
   bool start_object(std::size_t) { return open(Container{std::vector<JsonMember>()}); }
   bool key(std::string& name) {
-    if (isPassedOver()) return true;
+    if (isSkipped()) return true;
     std::get<std::vector<JsonMember>>(containers_.back()).push_back({name, {}});
     return true;
   }
@@ -49,7 +49,7 @@ class TreeBuilder {
     return add({std::make_unique<JsonObject>(std::move(object))});
   }
 
-  /// Only an object may be on top.
+  /// The top level must be an object.
   bool start_array(std::size_t) { return !containers_.empty() && open(Container{JsonArray()}); }
   bool end_array() {
     auto array = std::make_unique<JsonArray>(std::move(std::get<JsonArray>(containers_.back())));
@@ -73,14 +73,14 @@ class TreeBuilder {
     return true;
   }
 
-  /// Whether the values of the innermost open container are not kept.
-  [[nodiscard]] bool isPassedOver() const {
+  /// Whether the values of the innermost open container are discarded.
+  [[nodiscard]] bool isSkipped() const {
     return depth_ == JsonDepth::members && containers_.size() > 1;
   }
 
   bool add(JsonValue value) {
     if (containers_.empty()) return false;
-    if (isPassedOver()) return true;
+    if (isSkipped()) return true;
     if (auto* members = std::get_if<std::vector<JsonMember>>(&containers_.back())) {
       members->back().value = std::move(value);
     } else {
@@ -156,7 +156,7 @@ void appendCompact(std::string& out, const JsonValue& value) {
   }
 }
 
-/// Room for the longest fixed notation of a double (the smallest ones: "0.", 323 zeros, digits).
+/// Fits the longest fixed notation of a double, that of the smallest ones: "0.", 323 zeros, digits.
 using NumberBuffer = std::array<char, 512>;
 
 std::string fixedText(double number) {
@@ -188,7 +188,7 @@ void JsonObject::buildIndex() {
   });
 }
 
-/// Equal keys are neighbours in the index, the last in the file behind the others.
+/// In the index, equal keys are neighbours in the order of the text.
 bool JsonObject::dropRepeatedKeys() {
   std::vector<bool> repeated(members_.size(), false);
   for (std::size_t i = 1; i < index_.size(); ++i) {

@@ -9,19 +9,19 @@
 #include <variant>
 #include <vector>
 
-/// JSON as the launcher reads it: distinct kinds, objects in file order, strict text (RFC 8259).
-/// Plain values without shared state: any thread may use its own.
+/// A strict JSON parser (RFC 8259) whose objects keep the order of the text, and JSON text. No
+/// shared state; any thread.
 namespace quillon::platform {
 
 struct JsonMember;
 struct JsonValue;
 
-/// Whole numbers that fit keep their exact value; everything else is a double. "-0" reads as 0,
-/// "-0.0" as the double -0.
+/// An integer that fits keeps its exact value. Every other number is a double. "-0" is the integer
+/// 0, "-0.0" the double -0.
 using JsonNumber = std::variant<std::int64_t, std::uint64_t, double>;
 using JsonArray = std::vector<JsonValue>;
 
-/// Members in file order. Of several equal keys the last one counts, the others are gone.
+/// Members in the order of the text. If a key is repeated, only its last member is kept.
 class JsonObject {
  public:
   JsonObject() = default;
@@ -29,14 +29,14 @@ class JsonObject {
 
   [[nodiscard]] const std::vector<JsonMember>& members() const { return members_; }
 
-  /// The value of a key (exact, case-sensitive); null when there is none. Logarithmic.
+  /// The value of a key (case-sensitive); null if the object does not contain it. Logarithmic time.
   [[nodiscard]] const JsonValue* find(std::string_view key) const;
 
-  /// The value of a key when it is of the kind `Kind`; null otherwise.
-  template <class Kind>
-  [[nodiscard]] const Kind* find(std::string_view key) const;
+  /// The value of a key if it has the type `Type`; null otherwise.
+  template <class Type>
+  [[nodiscard]] const Type* find(std::string_view key) const;
 
-  /// The string at a key; empty when there is none.
+  /// The value of a key if it is a string; empty otherwise.
   [[nodiscard]] std::string text(std::string_view key) const;
 
  private:
@@ -50,29 +50,29 @@ class JsonObject {
   [[nodiscard]] bool dropRepeatedKeys();
 
   std::vector<JsonMember> members_;
-  /// Sorted by hash, then key: a lookup is a binary search, and keys made to collide cost no more
-  /// than a sort by key does.
+  /// Sorted by hash, then key. `find` is a binary search, and keys with equal hashes are no slower
+  /// than a sort by key.
   std::vector<IndexEntry> index_;
 };
 
-/// One JSON value; `data` holds std::monostate for null. What is large lies outside: a file may
-/// hold tens of millions of small values.
+/// One JSON value; std::monostate is null. Strings, arrays and objects are on the heap, so that
+/// tens of millions of small values fit into memory.
 struct JsonValue {
-  template <class Kind>
-  using Outside = std::unique_ptr<Kind>;
+  template <class Type>
+  using OnHeap = std::unique_ptr<Type>;
 
-  std::variant<std::monostate, bool, JsonNumber, Outside<std::string>, Outside<JsonArray>,
-               Outside<JsonObject>>
+  std::variant<std::monostate, bool, JsonNumber, OnHeap<std::string>, OnHeap<JsonArray>,
+               OnHeap<JsonObject>>
       data;
 
-  /// The value when it is of the kind `Kind`; null otherwise.
-  template <class Kind>
-  [[nodiscard]] const Kind* as() const {
-    if constexpr (sizeof(Kind) > sizeof(JsonNumber)) {
-      const auto* outside = std::get_if<Outside<Kind>>(&data);
-      return outside == nullptr ? nullptr : outside->get();
+  /// The value if it has the type `Type`; null otherwise.
+  template <class Type>
+  [[nodiscard]] const Type* as() const {
+    if constexpr (sizeof(Type) > sizeof(JsonNumber)) {
+      const auto* onHeap = std::get_if<OnHeap<Type>>(&data);
+      return onHeap == nullptr ? nullptr : onHeap->get();
     } else {
-      return std::get_if<Kind>(&data);
+      return std::get_if<Type>(&data);
     }
   }
 };
@@ -82,17 +82,17 @@ struct JsonMember {
   JsonValue value;
 };
 
-template <class Kind>
-const Kind* JsonObject::find(std::string_view key) const {
+template <class Type>
+const Type* JsonObject::find(std::string_view key) const {
   const JsonValue* value = find(key);
-  return value == nullptr ? nullptr : value->as<Kind>();
+  return value == nullptr ? nullptr : value->as<Type>();
 }
 
-/// Containers nested deeper than this make a text unreadable.
+/// A text with deeper nested arrays and objects is not parsed.
 inline constexpr std::size_t maxJsonDepth = 512;
 
-/// How much of a text is kept: all, or the object's own members with nothing in the arrays and
-/// objects among them. Those are read all the same, but take no memory.
+/// `all` keeps the whole text. `members` keeps the object's own members; arrays and objects among
+/// them are checked, but empty.
 enum class JsonDepth { all, members };
 
 /// Parses a text whose top level is an object. A UTF-8 byte-order mark at its start is accepted.
@@ -107,15 +107,15 @@ enum class JsonDepth { all, members };
 /// digits. Every other byte is unchanged.
 [[nodiscard]] std::string jsonEscape(std::string_view text);
 
-/// The value as JSON text without added whitespace, members in file order. Strings are escaped by
+/// The value as JSON text without spaces, members in the order of the text. Strings are escaped by
 /// `jsonEscape`.
 [[nodiscard]] std::string compactJsonText(const JsonValue& value);
 
-/// Plain decimal text without an exponent; a double in the fewest digits that read back to it,
-/// without a fraction when it has none (52.52, 100, 0.000001).
+/// Decimal text without an exponent. A double has the fewest digits that give the same double when
+/// parsed, and a fraction only if needed (52.52, 100, 0.000001).
 [[nodiscard]] std::string numberText(const JsonNumber& number);
 
-/// The decimal text of the number's integer part (9222.9 gives 9222, -0.5 gives 0).
+/// The decimal text of the integer part (9222.9 gives 9222, -0.5 gives 0).
 [[nodiscard]] std::string integerPartText(const JsonNumber& number);
 
 /// Whether the number differs from zero; 0.5 does.

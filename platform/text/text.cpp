@@ -7,7 +7,7 @@
 namespace quillon::platform {
 namespace {
 
-/// One code point and the bytes it takes. A byte that starts none is a replacement character.
+/// One code point and its number of bytes. An invalid byte is a replacement character.
 struct CodePoint {
   utf8proc_int32_t value = 0xFFFD;
   std::size_t length = 1;
@@ -60,7 +60,7 @@ void appendUpperCased(std::string& out, utf8proc_int32_t codePoint) {
   }
 }
 
-/// Walks the characters up to `limit` of them; the number of bytes and characters passed.
+/// The bytes and the number of the first `limit` characters.
 struct Walk {
   std::size_t bytes = 0;
   std::size_t characters = 0;
