@@ -30,7 +30,7 @@ ResolvedPersona offeredBy(const DiscoverResult& discovered) {
 
 using Persona = ResolvedPersona;
 
-const std::array<Derivation, derivationCount> derivations{{
+constexpr std::array<Derivation, derivationCount> derivations{{
     {overlayKey("webrtc-no-leak"), overlayKey("webrtc-fake-public-ip"), &Persona::resolvedFakeIP},
     {overlayKey("auto-geo"), overlayKey("geo-lat"), &Persona::resolvedGeoLat},
     {overlayKey("auto-geo"), overlayKey("geo-lng"), &Persona::resolvedGeoLng},

@@ -36,12 +36,11 @@ struct ResolvedPersona {
 
 /// A persona value that a discovery gives.
 struct Derivation {
-  /// The overlay key that asks for it. Its field is a boolean.
+  /// The overlay key that asks for it. Its field is boolean.
   OverlayKey askedBy;
-  /// The overlay key that sets it instead: its field is a boolean. The engine's switch has the same
-  /// name.
+  /// The overlay key that sets it instead, also boolean. The engine's switch has the same name.
   OverlayKey key;
-  std::string ResolvedPersona::*value;
+  std::string ResolvedPersona::*value = nullptr;
 };
 
 inline constexpr std::size_t derivationCount = 6;

@@ -54,13 +54,14 @@ Findings nulInSwitches(const LaunchPreview& preview) {
   Findings findings;
   for (const auto& [origin, text] : preview.plan.engineArguments) {
     if (text.find('\0') == std::string::npos) continue;
-    const std::string problem =
+    constexpr const char* problem =
         " holds a NUL: the engine gets only what stands before it. Take it out.";
     if (text == overlayOf(preview).startPage) {
       findings.push_back(findingAbout(overlayKey("start-page"), Level::warning, preview, problem));
     } else {
-      const std::string name = text.substr(0, text.find('='));
-      findings.push_back({Level::warning, "", "The engine's switch " + name + problem});
+      std::string message("The engine's switch ");
+      message.append(text, 0, text.find('=')).append(problem);
+      findings.push_back({Level::warning, "", std::move(message)});
     }
   }
   return findings;

@@ -54,6 +54,6 @@ first_column = " ".join(re.findall(r"^\| (`.*?) \|", page.split("| key |")[1].sp
 kinds = {kind for code in root.glob("profile/*.cpp") for kind in re.findall(r'\{"(\w+)", \{', code.read_text())}
 assert properties.keys() == set(re.findall("`(.*?)`", first_column)), "docs/overlay.md has other keys"
 table = re.findall(r'\{"(.*?)", OverlayKeyType', (root / "overlay/overlay_keys.h").read_text())
-assert properties.keys() == set(table), "overlay/overlay_keys.h has other keys"
+assert properties.keys() == set(table), "the table has other keys"
 assert properties["granular-storage-reset"]["properties"].keys() == kinds | {"all"}, "the launcher knows other kinds"
 assert properties["webgl-profile"]["examples"] == list(profiles["profiles"]), "the catalogue has other profiles"
