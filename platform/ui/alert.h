@@ -4,7 +4,7 @@
 
 namespace quillon::platform::ui {
 
-/// A critical message with one button. UTF-8 texts, never read as markup.
+/// A critical message with one button. The texts are UTF-8 and are never interpreted as markup.
 struct Alert {
   std::string messageText;
   std::string informativeText;

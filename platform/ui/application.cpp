@@ -11,11 +11,12 @@
 namespace quillon::platform::ui {
 namespace {
 
-/// Global, as the screen may be lost even while the application is being made.
+/// Global, because the screen may be lost while the application is being constructed.
 constinit bool hasFailed = false;
 
-/// Who cuts the connection to the screen, or has the application quit, has closed its window, be it
-/// shown yet or not, or the alert of a process that has failed.
+/// Ends the process when the screen is lost or the application is asked to quit. Before a failure
+/// this has the effect of closing the window, shown or not: status 0. After a failure it has the
+/// effect of closing the alert: status 1.
 void quit() {
   endProcess(hasFailed ? EXIT_FAILURE : EXIT_SUCCESS);
 }
@@ -33,7 +34,7 @@ const Backend& chooseBackend() {
 }  // namespace
 
 Application& Application::shared() {
-  // Never destroyed: the process ends without tearing anything down.
+  // Never destroyed: the process ends without running destructors.
   static Application& application = *new Application(chooseBackend());
   return application;
 }

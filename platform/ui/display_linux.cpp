@@ -6,7 +6,7 @@
 namespace quillon::platform::ui {
 namespace {
 
-/// The image library of the toolkit alone has buffers of 64 KiB on the stack.
+/// The toolkit's image library alone has buffers of 64 KiB on the stack.
 bool hasStackForToolkit() {
   constexpr rlim_t enough = rlim_t{256} << 10;
   rlimit limit{};

@@ -3,7 +3,8 @@
 namespace quillon::platform::ui {
 
 bool mayHaveDisplay() {
-  // Only the toolkit can tell whether there is a window server: over ssh it will not connect.
+  // Only the toolkit can find out whether there is a window server. In an ssh session it does not
+  // connect.
   return true;
 }
 

@@ -4,20 +4,20 @@
 #include <string>
 #include <string_view>
 
-/// What every toolkit does to a text before it shows it. Pure; any thread.
+/// Changes that every toolkit makes to a text before it shows the text. Pure; any thread.
 namespace quillon::platform::ui {
 
-/// One character may have very many code points, and the time to shape them grows with the square
-/// of their number.
+/// The limit is in bytes. One character can have very many code points, and the time to shape them
+/// grows with the square of their number.
 inline constexpr std::size_t longestLabelText = 1024;
 
-/// Valid UTF-8 without NUL, each offending byte replaced by U+FFFD, and without the middle of what
-/// is longer than `longest` bytes.
+/// Returns valid UTF-8 without NUL: each invalid byte is replaced by U+FFFD. The middle of a text
+/// that is longer than `longest` bytes is removed.
 [[nodiscard]] std::string displayText(std::string_view text,
                                       std::size_t longest = longestLabelText);
 
-/// The text up to its eighth line break, and "…" in a line below when there was more than that: an
-/// alert must not be higher than the screen.
+/// Returns the text up to its eighth line break. If the text is longer, a line with "…" follows.
+/// This keeps an alert from being higher than the screen.
 [[nodiscard]] std::string firstParagraphs(std::string_view text);
 
 }  // namespace quillon::platform::ui

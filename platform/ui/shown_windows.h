@@ -6,17 +6,17 @@
 
 namespace quillon::platform::ui {
 
-/// A backend's real windows by the plain ones that they mirror. Main thread only.
+/// A backend's windows on the screen, each found by its `Window`. Main thread only.
 template <class ScreenWindow>
 class ShownWindows {
  public:
-  /// Makes the real window, from the plain one and `more`, when it is asked for first.
+  /// Returns the window on the screen. On the first call, makes it from the `Window` and `more`.
   template <class... More>
   ScreenWindow& of(Window& window, const More&... more) {
     return windows_.try_emplace(&window, window, more...).first->second;
   }
 
-  /// Null for a window that has never been shown.
+  /// Null for a window that was never shown.
   [[nodiscard]] ScreenWindow* find(const Window& window) {
     const auto found = windows_.find(&window);
     return found == windows_.end() ? nullptr : &found->second;

@@ -6,11 +6,11 @@
 #include <string>
 #include <utility>
 
-/// Windows and labels as plain objects: they hold the state that the user is to see, and a backend
-/// mirrors it onto the screen when told to. Lengths are points. Main thread only.
+/// Windows and labels as plain objects. They hold the state that the user sees, and a backend
+/// copies it to the screen on request. Lengths are in points. Main thread only.
 namespace quillon::platform::ui {
 
-/// sRGB, opaque, 8 bits a component.
+/// sRGB, opaque, 8 bits for each component.
 struct Color {
   std::uint8_t red = 0;
   std::uint8_t green = 0;
@@ -26,7 +26,7 @@ struct Size {
   bool operator==(const Size&) const = default;
 };
 
-/// The origin is the lower left corner; y grows upwards from the bottom edge of the content area.
+/// The origin is the lower left corner. y grows upwards from the bottom edge of the content area.
 struct Rect {
   double x = 0;
   double y = 0;
@@ -46,12 +46,12 @@ struct Font {
 enum class Alignment { natural, center, right };
 enum class LineBreakMode { clip, truncateMiddle };
 
-/// One line of text. What does not fit its frame is not drawn.
+/// One line of text. Text outside its frame is not drawn.
 struct Label {
-  /// UTF-8, never read as markup.
+  /// UTF-8, never interpreted as markup.
   std::string text;
-  /// Texts with the same meaning. A backend whose fonts lack a character of `text` shows the first
-  /// one that they have. Must live as long as the label.
+  /// Texts with the same meaning. If a backend's fonts lack a character of `text`, it shows the
+  /// first substitute that the fonts support. Must live as long as the label.
   std::span<const char* const> substitutes;
   Font font;
   Color color;
@@ -83,20 +83,20 @@ class Window {
   Size contentSize;
   Color background;
   Level level = Level::normal;
-  /// Placed in the middle of the screen when it is first shown.
+  /// Whether the window is placed in the middle of the screen when it is first shown.
   bool centered = false;
-  /// Told when the user closes the window; not owned, may be null.
+  /// Notified when the user closes the window. Not owned. May be null.
   WindowDelegate* delegate = nullptr;
 
-  /// Adds a label on top of the others. The reference stays valid as long as the window.
+  /// Adds a label on top of the others. The reference is valid as long as the window.
   Label& addLabel(Label label) { return labels_.emplace_back(std::move(label)); }
   [[nodiscard]] const std::deque<Label>& labels() const { return labels_; }
 
   /// Shows the window in front of the others with the keyboard focus.
   void makeKeyAndOrderFront();
-  /// Shows what has changed in text and colour of the labels; without effect while hidden.
+  /// Shows the changed texts and colours of the labels. Does nothing while the window is hidden.
   void display() const;
-  /// Takes the window off the screen; its state stays.
+  /// Removes the window from the screen. Its state is kept.
   void orderOut() const;
 
  private:

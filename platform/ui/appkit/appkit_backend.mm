@@ -22,12 +22,12 @@ struct Screen {
 };
 
 Screen& screen() {
-  // Never destroyed: the process ends without tearing anything down.
+  // Never destroyed: the process ends without running destructors.
   static Screen& theScreen = *new Screen;
   return theScreen;
 }
 
-/// Nothing runs before the application has finished launching.
+/// Does nothing until the application has finished launching.
 void runPostedTasks(void*) {
   if (!screen().hasFinishedLaunching) return;
   const AutoreleasePool pool;
@@ -39,8 +39,8 @@ void finishLaunching() {
   runPostedTasks(nullptr);
 }
 
-/// The arguments are a browser's, not documents to be opened, and nothing may stretch the pauses of
-/// a launch whose window is covered.
+/// The arguments are for a browser and are not documents to open. App Nap is disabled, so that the
+/// system does not lengthen the pauses of a launch whose window is covered.
 void registerDefaults() {
   NSDictionary* const defaults =
       [NSDictionary dictionaryWithObjectsAndKeys:@"NO", @"NSTreatUnknownArgumentsAsOpen", @"YES",
@@ -109,7 +109,7 @@ constexpr Backend backend{
 }  // namespace
 }  // namespace quillon::platform::ui
 
-/// The module's only export.
+/// The only symbol that the module exports.
 extern "C" [[gnu::visibility("default")]] const quillon::platform::ui::Backend* quillonBackend(
     const char* build) {
   using namespace quillon::platform::ui;

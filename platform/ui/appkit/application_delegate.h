@@ -2,15 +2,15 @@
 
 #import <AppKit/AppKit.h>
 
-/// Listens to the application for its backend. Main thread only.
+/// The application's delegate. Passes its calls to the backend. Main thread only.
 @interface QuillonApplicationDelegate : NSObject <NSApplicationDelegate> {
   void (*didFinishLaunching_)();
   void (*shouldTerminate_)();
 }
 
-/// `didFinishLaunching` is called once the event loop is running, `shouldTerminate` when the user
-/// or the system wants the application to quit; it must not return, or the process would end in the
-/// toolkit's way: with status 0, tearing everything down.
+/// `didFinishLaunching` is called once the event loop is running. `shouldTerminate` is called when
+/// the user or the system asks the application to quit. It must not return: the toolkit would then
+/// run destructors and end the process with status 0.
 - (instancetype)initWithDidFinishLaunching:(void (*)())didFinishLaunching
                            shouldTerminate:(void (*)())shouldTerminate;
 

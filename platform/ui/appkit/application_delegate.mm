@@ -23,7 +23,7 @@
   return NSTerminateNow;
 }
 
-/// There is no state to restore. An application that does not answer is told so on standard error.
+/// There is no state to restore. Without this method the system writes a warning to standard error.
 - (BOOL)applicationSupportsSecureRestorableState:(NSApplication*)application {
   (void)application;
   return YES;

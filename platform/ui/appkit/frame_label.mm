@@ -17,7 +17,7 @@ NSFontWeight toolkitWeight(Font::Weight weight) {
   return NSFontWeightRegular;
 }
 
-/// "Bold" is the system's own bold font, which need not be the one of that weight.
+/// Bold uses the system's bold font, which can differ from the system font of bold weight.
 NSFont* toolkitFont(const Font& font) {
   if (font.family == Font::Family::monospacedSystem) {
     return [NSFont monospacedSystemFontOfSize:font.size weight:toolkitWeight(font.weight)];

@@ -4,7 +4,8 @@
 
 #include <memory>
 
-/// Owners of what the toolkit allocates: references are counted by hand.
+/// Owners of objects that the toolkit allocates. The module is compiled without automatic reference
+/// counting.
 namespace quillon::platform::ui {
 
 struct ReleaseObject {
@@ -14,12 +15,12 @@ struct ReleaseObject {
   }
 };
 
-/// Owns one reference to an object: what "alloc" gave, or what was retained.
+/// Owns one reference to an object that was allocated or retained.
 template <class T>
 using Owned = std::unique_ptr<T, ReleaseObject>;
 
-/// Releases at its end what calls have left to a pool since its beginning. The event loop has pools
-/// of its own; what is called from elsewhere makes one.
+/// Its destructor releases the objects that were autoreleased during its lifetime. The event loop
+/// has its own pools. Functions that are not called by the event loop make one.
 class AutoreleasePool {
  public:
   AutoreleasePool() : pool_([[NSAutoreleasePool alloc] init]) {}

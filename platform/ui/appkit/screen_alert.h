@@ -4,8 +4,8 @@
 
 namespace quillon::platform::ui {
 
-/// Shows the alert and blocks, handling events, until the user has dismissed it: by its button, by
-/// Return or by Escape. Needs no other window and no running event loop. Main thread.
+/// Shows the alert and handles events until the user dismisses it with its button, Return or
+/// Escape. Blocks until then. Needs no other window and no running event loop. Main thread.
 void runAlert(const Alert& alert);
 
 }  // namespace quillon::platform::ui

@@ -5,8 +5,8 @@
 #include "platform/ui/appkit/owners.h"
 #include "platform/ui/appkit/toolkit_text.h"
 
-/// Has Escape dismiss the alert that it is put into: a button has one key, and that of an alert's
-/// first is Return. Takes no room.
+/// A view that makes Escape dismiss the alert that contains it. A button has only one key, and
+/// Return is the key of the alert's first button. The view has no size.
 @interface QuillonEscapeKey : NSView
 @end
 
@@ -23,7 +23,7 @@
 namespace quillon::platform::ui {
 namespace {
 
-/// Some thirty lines at the width of an alert: its button stays on the screen.
+/// About thirty lines at the width of an alert, so that its button stays on the screen.
 constexpr std::size_t longestInformation = 1024;
 
 Owned<NSAlert> buildAlert(const Alert& alert) {
@@ -33,10 +33,10 @@ Owned<NSAlert> buildAlert(const Alert& alert) {
       setInformativeText:toolkitText(firstParagraphs(alert.informativeText), longestInformation)];
   [built.get() setAlertStyle:NSAlertStyleCritical];
   [built.get() addButtonWithTitle:toolkitText(alert.buttonTitle)];
-  // Else it is laid out when it is shown, whatever has been added by then.
+  // Done before the view below is added. Otherwise the alert is laid out when it is shown, with
+  // everything added until then.
   [built.get() layout];
-  // Else the system could not quit the application, nor end its session, as long as the alert is
-  // up.
+  // Otherwise the system cannot quit the application or end its session while the alert is shown.
   [[built.get() window] setPreventsApplicationTerminationWhenModal:NO];
   const Owned<QuillonEscapeKey> escape([[QuillonEscapeKey alloc] initWithFrame:NSZeroRect]);
   [[[built.get() window] contentView] addSubview:escape.get()];

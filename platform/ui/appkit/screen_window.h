@@ -12,25 +12,25 @@
 
 namespace quillon::platform::ui {
 
-/// The real window that mirrors a plain one. Main thread only.
+/// The toolkit's window for a `Window`. It shows the state of the `Window`. Main thread only.
 class ScreenWindow {
  public:
-  /// Builds it without showing it. `window` must outlive it.
+  /// Builds the window without showing it. `window` must outlive this object.
   explicit ScreenWindow(Window& window);
   ScreenWindow(const ScreenWindow&) = delete;
   ScreenWindow& operator=(const ScreenWindow&) = delete;
   ~ScreenWindow();
 
-  /// Mirrors what has changed in text and colour, and brings it to the front with the focus.
+  /// Applies changes in text and colour and brings the window to the front with the focus.
   void show();
-  /// Mirrors what has changed; nothing while hidden.
+  /// Applies changes. Does nothing while the window is hidden.
   void update();
-  /// Handles the events that have come in, the closing of the window among them, then takes the
-  /// window off the screen.
+  /// Handles pending events, including the closing of the window, then removes the window from the
+  /// screen.
   void hide();
 
  private:
-  /// A label on the screen and what it shows.
+  /// A label on the screen, and the text and colour that it shows.
   struct Mirrored {
     const Label& label;
     NSTextField* field;
@@ -47,7 +47,7 @@ class ScreenWindow {
   Owned<QuillonWindowDelegate> delegate_;
   Owned<NSWindow> screenWindow_;
   std::vector<Mirrored> mirrored_;
-  /// The toolkit counts the windows of a hidden application as invisible; ours is still to be seen.
+  /// The toolkit reports the windows of a hidden application as invisible. They are updated anyway.
   bool isShown_ = false;
 };
 

@@ -7,7 +7,7 @@
 #include "platform/ui/appkit/frame_label.h"
 #include "platform/ui/appkit/toolkit_text.h"
 
-/// Passes on that the user is closing the window.
+/// Reports to the `Window`'s delegate that the user is closing the window.
 @interface QuillonWindowDelegate : NSObject <NSWindowDelegate> {
   const quillon::platform::ui::Window* window_;
 }
@@ -32,13 +32,13 @@
 namespace quillon::platform::ui {
 namespace {
 
-/// The window server takes lengths up to 10,000 points, a graphics processor up to 16,384 pixels,
-/// two of which may make a point; the title bar comes on top.
+/// The window server accepts lengths up to 10,000 points. A graphics processor accepts up to 16,384
+/// pixels, and a point can have two pixels. The title bar is added to this height.
 constexpr double greatestHeight = 8000;
 
-/// A window that is higher than the screen shows its upper part.
+/// If a window is higher than the screen, its upper part is shown.
 void keepTopOnScreen(NSWindow* window) {
-  // The main one is the one with the focus.
+  // The main screen is the one with the focus.
   NSScreen* const own = [window screen];
   NSScreen* const screen = own != nil ? own : [NSScreen mainScreen];
   if (screen == nil) return;
@@ -76,7 +76,7 @@ void ScreenWindow::setUpFrame() {
   const bool isFloating = window_.level == Window::Level::floating;
   [screenWindow setLevel:isFloating ? NSFloatingWindowLevel : NSNormalWindowLevel];
   [screenWindow setReleasedWhenClosed:NO];
-  // The system would else offer to bring back what the end of the process took away.
+  // Otherwise the system offers to restore the window after the process has ended.
   [screenWindow setRestorable:NO];
   [screenWindow setDelegate:delegate_.get()];
 }
@@ -87,8 +87,8 @@ void ScreenWindow::paintBackground() {
   [[content layer] setBackgroundColor:[toolkitColor(window_.background) CGColor]];
 }
 
-/// A bounded window has the upper part of the plain one. A label that is not wholly on it is left
-/// out.
+/// If the height is limited, the window shows the upper part of the content. A label that is not
+/// completely inside the window is omitted.
 void ScreenWindow::addLabels() {
   NSView* const content = [screenWindow_.get() contentView];
   const double cutOff = std::max(window_.contentSize.height - greatestHeight, 0.0);
@@ -125,7 +125,7 @@ void ScreenWindow::update() {
 }
 
 void ScreenWindow::hide() {
-  // Whoever closed the window before this moment has closed it.
+  // Handles a close event that arrived before this call.
   while (NSEvent* const event = [NSApp nextEventMatchingMask:NSEventMaskAny
                                                    untilDate:[NSDate distantPast]
                                                       inMode:NSDefaultRunLoopMode
@@ -133,8 +133,8 @@ void ScreenWindow::hide() {
     [NSApp sendEvent:event];
   }
   isShown_ = false;
-  // At once, without an animation. What is pending would go to the window server with the event
-  // loop's next turn, and there may be none.
+  // Hides the window at once, without an animation. The flush is needed because the toolkit sends
+  // pending changes in the event loop's next iteration, which may never run.
   [screenWindow_.get() setAnimationBehavior:NSWindowAnimationBehaviorNone];
   [screenWindow_.get() orderOut:nil];
   [CATransaction flush];

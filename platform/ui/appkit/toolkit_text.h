@@ -9,7 +9,7 @@
 
 namespace quillon::platform::ui {
 
-/// The text as the toolkit takes it, by the rules of `displayText`. Left to the pool, never nil.
+/// The text as a toolkit string, after `displayText`. Autoreleased. Never nil.
 [[nodiscard]] NSString* toolkitText(std::string_view text, std::size_t longest = longestLabelText);
 
 }  // namespace quillon::platform::ui

@@ -13,8 +13,8 @@ void (*lostWindowServerHandler)() = nullptr;
 }  // namespace
 }  // namespace quillon::platform::ui
 
-/// Leads to the main thread even while an alert runs there within a task of the main queue, which
-/// takes up no other one meanwhile.
+/// Runs the handler on the main thread, also while an alert runs there inside a task of the main
+/// queue. During such a task the main queue starts no other task.
 @interface QuillonServerLoss : NSObject
 + (void)handle;
 @end
@@ -30,7 +30,7 @@ void (*lostWindowServerHandler)() = nullptr;
 namespace quillon::platform::ui {
 namespace {
 
-/// On whatever thread watches the port.
+/// Runs on the thread that watches the port.
 void portIsInvalid(CFMachPortRef, void*) {
   const AutoreleasePool pool;
   [[QuillonServerLoss class] performSelectorOnMainThread:@selector(handle)
@@ -49,7 +49,7 @@ bool hasWindowServer() {
 
 void setLostWindowServerHandler(void (*handle)()) {
   lostWindowServerHandler = handle;
-  // Kept as long as the process: with the last reference the watching ends.
+  // Kept for the life of the process: the port is watched only while it has a reference.
   CFMachPortRef port = CGWindowServerCreateServerPort();
   if (port != nullptr) CFMachPortSetInvalidationCallBack(port, portIsInvalid);
 }

@@ -6,7 +6,7 @@ namespace quillon::platform::ui {
 
 void setApplicationIcon() {
   const OwnedObject<GdkPixbuf> icon(gdk_pixbuf_new_from_resource("/nimbra.png", nullptr));
-  // A system may have gone without its PNG reader; a window goes without its icon then.
+  // If the system's PNG reader is missing, the windows have no icon.
   if (icon.get() != nullptr) gtk_window_set_default_icon(icon.get());
 }
 

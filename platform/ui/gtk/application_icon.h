@@ -2,8 +2,8 @@
 
 namespace quillon::platform::ui {
 
-/// Gives every window made from now on the launcher's icon, which is a part of the module. Main
-/// thread, with a display.
+/// Sets the launcher's icon, which is part of the module, for every window made after this call.
+/// Main thread, with a display.
 void setApplicationIcon();
 
 }  // namespace quillon::platform::ui

@@ -14,7 +14,8 @@ namespace quillon::platform::ui {
 namespace {
 
 Connection connectWithWayland() {
-  // A connection that was handed over belongs to the toolkit. Its display has just made it.
+  // A connection that was passed to this process is for the toolkit. It was just made by its
+  // display, so there is no need to probe it.
   if (std::getenv("WAYLAND_SOCKET") != nullptr) return std::make_shared<std::monostate>();
   wl_display* const display = ::wl_display_connect(nullptr);
   if (display == nullptr) return nullptr;
@@ -38,7 +39,7 @@ struct Kind {
 /// In the order in which the toolkit tries them.
 constexpr std::array<Kind, 2> kinds{{{"wayland", connectWithWayland}, {"x11", connectWithX11}}};
 
-/// `names` as the toolkit takes them: kinds parted by commas, each an asterisk for all.
+/// `names` has the toolkit's format: kinds separated by commas, where an asterisk means all kinds.
 Connection connectWithFirst(const std::string& names) {
   std::istringstream stream(names);
   for (std::string name; std::getline(stream, name, ',');) {

@@ -4,9 +4,9 @@
 
 namespace quillon::platform::ui {
 
-/// Connects with the display that the toolkit will choose. Null when there is none; nothing when
-/// it does not answer within five seconds. The connection is for keeping until the toolkit has its
-/// own: some displays start anew when the last one ends. Main thread.
+/// Connects to the display that the toolkit will choose. Returns null if there is no display, and
+/// nothing if it does not reply within five seconds. The caller keeps the connection until the
+/// toolkit has its own: some displays restart when their last connection is closed. Main thread.
 [[nodiscard]] std::optional<Connection> probeDisplay();
 
 }  // namespace quillon::platform::ui

@@ -8,7 +8,7 @@
 namespace quillon::platform::ui {
 namespace {
 
-/// What the toolkit allocates for one widget: the label, then what we add to it.
+/// The memory that the toolkit allocates for one widget: the label, then our own data.
 // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): the toolkit sets it up.
 struct FrameLabel {
   GtkLabel label;
@@ -24,13 +24,13 @@ FrameLabel& stateOf(GtkWidget* widget) {
   return *reinterpret_cast<FrameLabel*>(widget);
 }
 
-/// The text asks for no room: the size set from outside is the frame.
+/// Requests no size: the size set by the container is the frame.
 void askForNothing(GtkWidget*, int* minimum, int* natural) {
   *minimum = *natural = 0;
 }
 
-/// Only the shape of the text is taken from the toolkit. The colour is laid through it, so that
-/// neither a theme nor a font with coloured glyphs has a say in it.
+/// Uses only the shape of the text that the toolkit draws. The label's colour is painted through
+/// this shape, so that neither a theme nor a font with coloured glyphs can change it.
 gboolean drawInFrame(GtkWidget* widget, cairo_t* context) {
   cairo_save(context);
   cairo_rectangle(context, 0, 0, gtk_widget_get_allocated_width(widget),
@@ -71,8 +71,8 @@ PangoWeight pangoWeight(Font::Weight weight) {
   return PANGO_WEIGHT_NORMAL;
 }
 
-/// Without a family it is the desktop's own font. An absolute size is in points of the window; any
-/// other would grow with the desktop's text scaling and leave the frames.
+/// Without a family the font is the desktop's own. An absolute size is in points of the window. A
+/// relative size would grow with the desktop's text scaling and exceed the frames.
 OwnedAttributes attributesFor(const Font& font) {
   const OwnedFont description(pango_font_description_new());
   if (font.family == Font::Family::monospacedSystem) {

@@ -26,12 +26,13 @@ struct Screen {
 };
 
 Screen& screen() {
-  // Never destroyed: the process ends without tearing anything down.
+  // Never destroyed: the process ends without running destructors.
   static Screen& theScreen = *new Screen;
   return theScreen;
 }
 
-/// Standard error belongs to the launcher: a toolkit's remarks on themes and buses stay out of it.
+/// Standard error belongs to the launcher: the toolkit's messages on themes and buses are
+/// discarded.
 void silenceToolkit() {
   g_log_set_writer_func(
       [](GLogLevelFlags, const GLogField*, gsize, void*) {
@@ -42,15 +43,16 @@ void silenceToolkit() {
   g_set_printerr_handler([](const char*) {});
 }
 
-/// The font library complains of its configuration when the first font is loaded. Only the first
-/// line asks the display.
+/// The font library reports errors of its configuration when the first font is loaded. Only the
+/// first line sends requests to the display.
 void loadFirstFont() {
   const OwnedObject<PangoContext> context(gdk_pango_context_get());
   const OwnedFont description(pango_font_description_new());
   const OwnedObject<PangoFont> loaded(pango_context_load_font(context.get(), description.get()));
 }
 
-/// Owns nothing at the moments at which the display is asked.
+/// Has no object to destroy while it waits for the display, because a lost display leaves this
+/// function by longjmp.
 bool connectToolkit() {
   if (gtk_init_check(nullptr, nullptr) == FALSE) return false;
   loadFirstFont();
@@ -60,14 +62,16 @@ bool connectToolkit() {
 bool initializeToolkit() {
   const SilencedStandardError silenced;
   const std::optional<Connection> display = probeDisplay();
-  // Without an answer a thread is left behind that may read the environment: no more changes to it.
+  // If the display did not reply, a thread is left that may read the environment. The environment
+  // must not change after that.
   if (!display) return false;
   const std::string startupId = takeStartupId();
-  // Nothing here is drawn by OpenGL, whose library crashes when the display dies while it looks.
+  // Nothing here is drawn by OpenGL. Its library crashes if the display is lost while the library
+  // probes it.
   ::setenv("GDK_GL", "disable", 1);
-  // The last change: this, too, may leave a thread behind.
+  // The last change of the environment: this function, too, may leave a thread running.
   disableUnresponsiveBuses();
-  // Numbers and system messages look the same with and without a window.
+  // Numbers and system messages are the same with and without a window.
   gtk_disable_setlocale();
   if (!connectWithDisplay(connectToolkit, screen().calls.quit)) return false;
   passStartupId(startupId);
@@ -122,7 +126,7 @@ constexpr Backend backend{
 }  // namespace
 }  // namespace quillon::platform::ui
 
-/// The module's only export.
+/// The only symbol that the module exports.
 extern "C" [[gnu::visibility("default")]] const quillon::platform::ui::Backend* quillonBackend(
     const char* build) {
   using namespace quillon::platform::ui;

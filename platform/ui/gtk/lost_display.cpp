@@ -15,11 +15,11 @@ namespace {
 /// Does not return.
 void (*lostDisplayHandler)() = nullptr;
 
-/// Where the handler leads while the toolkit connects.
+/// The handler jumps here while the toolkit connects.
 std::jmp_buf beforeConnecting;
 
-/// The toolkit polls the connection itself and flushes it: it sees an end that libwayland has not
-/// seen.
+/// The toolkit polls and flushes the connection itself, so it can see the end of the connection
+/// before libwayland does.
 bool isLost(wl_display* display) {
   constexpr short onlyErrorAndHangUp = 0;
   pollfd connection{::wl_display_get_fd(display), onlyErrorAndHangUp, 0};
@@ -29,15 +29,15 @@ bool isLost(wl_display* display) {
 }  // namespace
 
 bool connectWithDisplay(bool (*connect)(), void (*handle)()) {
-  // With its first display the toolkit sets a handler of its own, which ends the process: make it
-  // do so before.
+  // The toolkit sets its own handler, which ends the process, when this class is initialized.
+  // Initialize it first, so that our handler replaces the toolkit's.
   g_type_class_ref(GDK_TYPE_X11_DISPLAY);
   XSetIOErrorHandler([](Display*) {
     lostDisplayHandler();
     return 0;
   });
   bool isConnected = false;
-  // An exception could not pass through the libraries in between, which are in C.
+  // An exception cannot pass through the libraries in between, which are written in C.
   // NOLINTBEGIN(cert-err52-cpp)
   lostDisplayHandler = [] { std::longjmp(beforeConnecting, 1); };
   if (setjmp(beforeConnecting) == 0) isConnected = connect();

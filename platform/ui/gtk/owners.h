@@ -4,7 +4,7 @@
 
 #include <memory>
 
-/// Owners of what the toolkit allocates.
+/// Owners of objects that the toolkit allocates.
 namespace quillon::platform::ui {
 
 template <auto release>
@@ -29,8 +29,8 @@ struct DestroyAndRelease {
   }
 };
 
-/// A top-level window is the toolkit's until somebody, possibly from outside the process, destroys
-/// it: an owner needs a reference of its own.
+/// The toolkit owns a top-level window until it is destroyed, possibly by another process. An owner
+/// therefore needs a reference of its own.
 class OwnedTopLevel : public std::unique_ptr<GtkWidget, DestroyAndRelease> {
  public:
   explicit OwnedTopLevel(GtkWidget* topLevel)

@@ -9,8 +9,8 @@ namespace {
 
 constexpr int mostLinesOfParagraph = 5;
 
-/// Keeps a paragraph to so many lines. They break anywhere, as paths have no blanks, but a hyphen
-/// would look like a part of the path.
+/// Limits a paragraph to a number of lines. Lines break at any character, because paths have no
+/// spaces. No hyphen is inserted, because it would look like part of the path.
 void boundParagraphs(GtkLabel* label) {
   const OwnedAttributes attributes(pango_attr_list_new());
   pango_attr_list_insert(attributes.get(), pango_attr_insert_hyphens_new(FALSE));

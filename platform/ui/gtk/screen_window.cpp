@@ -12,7 +12,8 @@
 namespace quillon::platform::ui {
 namespace {
 
-/// X11 counts window sizes in device pixels up to 32,767; a window manager's frame comes on top.
+/// X11 has a limit of 32,767 device pixels for window sizes. The window manager's frame is added to
+/// the window's size.
 constexpr int greatestPixels = 32767 - 255;
 
 int rounded(double points) {
@@ -23,7 +24,7 @@ int boundedHeight(GtkWidget* widget, double points) {
   return std::min(rounded(points), greatestPixels / gtk_widget_get_scale_factor(widget));
 }
 
-/// Screen readers go through the labels as they were added.
+/// Screen readers read the labels in the order in which they were added.
 std::vector<std::reference_wrapper<const Label>> inReadingOrder(const std::deque<Label>& labels) {
   std::vector<std::reference_wrapper<const Label>> ordered(labels.begin(), labels.end());
   std::ranges::stable_sort(
@@ -35,7 +36,7 @@ std::vector<std::reference_wrapper<const Label>> inReadingOrder(const std::deque
   return ordered;
 }
 
-/// Nothing of the theme reaches what stands on our own background.
+/// Keeps the theme from changing anything on our own background.
 void shutThemeOut() {
   static const bool done = [] {
     const OwnedObject<GtkCssProvider> rules(gtk_css_provider_new());
@@ -54,7 +55,7 @@ gboolean drawBackground(GtkWidget*, cairo_t* context, const Window* window) {
   return GDK_EVENT_PROPAGATE;
 }
 
-/// An event handler as the toolkit calls it.
+/// An event handler with the toolkit's signature.
 gboolean closeWindow(GtkWidget* topLevel, GdkEvent*, const Window* window) {
   if (window->delegate != nullptr) window->delegate->windowWillClose();
   gtk_widget_hide(topLevel);
@@ -84,14 +85,14 @@ void ScreenWindow::setUpFrame(ActivationPolicy policy) {
   gtk_window_set_keep_above(topLevel, window_.level == Window::Level::floating);
   if (window_.centered) gtk_window_set_position(topLevel, GTK_WIN_POS_CENTER);
   applyWindowHints(topLevel, policy);
-  // The second is what a window hears that was destroyed from outside.
+  // A window that another process destroys receives the second event.
   for (const char* event : {"delete-event", "destroy-event"}) {
     g_signal_connect(topLevel, event, G_CALLBACK(closeWindow), &window_);
   }
 }
 
-/// The plain window counts from its bottom edge, the screen from the top. A label that is not
-/// wholly on the window is left out.
+/// The `Window`'s coordinates start at its bottom edge, those of the screen at the top. A label
+/// that is not completely inside the window is omitted.
 void ScreenWindow::addLabels(GtkFixed* content, int height) {
   for (const Label& label : inReadingOrder(window_.labels())) {
     const Rect& frame = label.frame;
@@ -126,7 +127,7 @@ void ScreenWindow::update() {
 }
 
 void ScreenWindow::hide() {
-  // Whoever closed the window before this moment has closed it.
+  // Handles a close event that arrived before this call.
   while (gtk_events_pending()) gtk_main_iteration_do(FALSE);
   gtk_widget_hide(topLevel_.get());
   gdk_display_sync(gtk_widget_get_display(topLevel_.get()));

@@ -7,28 +7,28 @@
 
 namespace quillon::platform::ui {
 
-/// The real window that mirrors a plain one. Main thread only.
+/// The toolkit's window for a `Window`. It shows the state of the `Window`. Main thread only.
 class ScreenWindow {
  public:
-  /// Builds it without showing it. `window` must outlive it.
+  /// Builds the window without showing it. `window` must outlive this object.
   ScreenWindow(Window& window, ActivationPolicy policy);
-  /// Not moved: the toolkit knows its address.
+  /// Not movable: the toolkit holds its address.
   ScreenWindow(const ScreenWindow&) = delete;
   ScreenWindow& operator=(const ScreenWindow&) = delete;
   ~ScreenWindow() = default;
 
-  /// Mirrors what has changed in text and colour, and brings it to the front with the focus.
+  /// Applies changes in text and colour and brings the window to the front with the focus.
   void show();
-  /// Mirrors what has changed; nothing while hidden.
+  /// Applies changes. Does nothing while the window is hidden.
   void update();
-  /// Handles the events that have come in, the closing of the window among them, and returns once
-  /// the window is off the screen.
+  /// Handles pending events, including the closing of the window, and returns after the window is
+  /// removed from the screen.
   void hide();
-  /// In front of other windows; nothing while hidden.
+  /// Brings the window in front of other windows. Does nothing while the window is hidden.
   void raise();
 
  private:
-  /// A label on the screen and what it shows.
+  /// A label on the screen, and the text and colour that it shows.
   struct Mirrored {
     const Label& label;
     GtkWidget* widget;

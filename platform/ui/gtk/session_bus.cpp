@@ -27,7 +27,7 @@ void setVariable(const char* name, const std::optional<std::string>& value) {
   value ? ::setenv(name, value->c_str(), 1) : ::unsetenv(name);
 }
 
-/// The libraries of the bus trust nobody else's.
+/// The bus libraries do not trust a socket of another user.
 bool isOwnSocket(const std::string& path) {
   struct stat facts = {};
   return ::stat(path.c_str(), &facts) == 0 && S_ISSOCK(facts.st_mode) &&
@@ -40,8 +40,8 @@ std::string addressOfSocket(const std::string& path) {
   return escaped == nullptr ? "" : std::string("unix:path=") + escaped.get();
 }
 
-/// The address that was given, or else the one where a session has its bus by convention. Empty for
-/// none, and for an address that says to start a bus.
+/// The address from the environment. If it is not set, the conventional address of a session's bus.
+/// Empty if there is no bus, or if the address requests that a bus be started.
 std::string sessionBusAddress() {
   const std::string given = variable(addressVariable).value_or("");
   if (!given.empty()) return given.find("autolaunch:") == std::string::npos ? given : "";
@@ -63,7 +63,7 @@ Connection owned(DBusConnection* connection) {
           }};
 }
 
-/// Null unless there is a bus and it takes in a new member.
+/// Null unless there is a bus and it accepts a new client.
 Connection join(const std::string& address) {
   if (address.empty()) return nullptr;
   auto* const joined = ::dbus_connection_open_private(address.c_str(), nullptr);
@@ -71,7 +71,8 @@ Connection join(const std::string& address) {
   return joined != nullptr && ::dbus_bus_register(joined, nullptr) != FALSE ? bus : nullptr;
 }
 
-/// Where the session says its accessibility bus is; it may start one to say so. Empty for none.
+/// The address of the accessibility bus, according to the session bus, which may start one for this
+/// request. Empty if there is no such bus.
 std::string askForAddress(DBusConnection* session) {
   using Message = std::unique_ptr<DBusMessage, decltype(&::dbus_message_unref)>;
   const Message question(
@@ -89,7 +90,7 @@ std::string askForAddress(DBusConnection* session) {
   return address;
 }
 
-/// Null unless both buses take in a new member.
+/// Null unless both buses accept a new client.
 Connection joinBothBuses(const std::string& sessionAddress, const std::string& givenAddress) {
   const Connection session = join(sessionAddress);
   if (session == nullptr) return nullptr;
@@ -105,9 +106,9 @@ Connection joinBothBuses(const std::string& sessionAddress, const std::string& g
 void disableUnresponsiveBuses() {
   const std::string address = sessionBusAddress();
   const std::optional<std::string> bridge = variable(bridgeVariable);
-  // A thread that is left behind may read the environment at any time: this has to come before it
-  // starts. The first variable is for everything that asks for a bus. The bridge could still find
-  // one by the display.
+  // A thread that is left running may read the environment at any time, so these changes are made
+  // before it starts. The first variable disables every use of the session bus. The accessibility
+  // bridge could still find a bus through the display, so the second variable disables the bridge.
   setVariable(addressVariable, "disabled:");
   setVariable(bridgeVariable, "1");
   if (address.empty()) return;
@@ -116,10 +117,10 @@ void disableUnresponsiveBuses() {
         return joinBothBuses(address, given);
       }).value_or(nullptr);
   if (bus == nullptr) return;
-  // There was an answer, so the thread is done.
+  // The thread has returned a result, so it no longer reads the environment.
   setVariable(addressVariable, address);
   setVariable(bridgeVariable, bridge);
-  // Else the toolkit would ask once more, and perhaps another bus.
+  // Otherwise the toolkit would ask for the address again, and might get another bus.
   setVariable(accessibilityVariable, static_cast<AccessibilityBus*>(bus.get())->address);
 }
 

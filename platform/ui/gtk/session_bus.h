@@ -2,10 +2,11 @@
 
 namespace quillon::platform::ui {
 
-/// Without a session bus the toolkit and its accessibility bridge would start one, which nobody
-/// ends, and for one that never says a word they would wait for ever, as for the accessibility bus
-/// behind it: unless both take in a member they are told, by the live environment, to do without.
-/// Blocks up to five seconds. Main thread, before the toolkit is initialised.
+/// Disables the session bus and the accessibility bridge in the live environment, unless the
+/// session bus and the accessibility bus both accept a client. Without a session bus the toolkit
+/// and its accessibility bridge would start one that no process ends. If one of the two buses did
+/// not respond, they would wait indefinitely. Blocks up to five seconds. Main thread, before the
+/// toolkit is initialised.
 void disableUnresponsiveBuses();
 
 }  // namespace quillon::platform::ui

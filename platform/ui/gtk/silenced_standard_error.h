@@ -2,8 +2,8 @@
 
 namespace quillon::platform::ui {
 
-/// Standard error goes nowhere as long as the object stands: the libraries of a display write to
-/// the descriptor itself. For the main thread while no other one has anything to say there.
+/// Discards standard error while the object exists: the display libraries write directly to the
+/// descriptor. Main thread, while no other thread writes to standard error.
 class SilencedStandardError {
  public:
   SilencedStandardError();

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::chrono::seconds patience{5};
 
-/// The signals of the process are for other threads, however long this one stays.
+/// The thread blocks all signals, because it may run until the process ends.
 void startWithoutSignals(std::packaged_task<Connection()> task) {
   sigset_t all;
   sigset_t former;
@@ -22,7 +22,7 @@ void startWithoutSignals(std::packaged_task<Connection()> task) {
   try {
     std::thread(std::move(task)).detach();
   } catch (const std::system_error&) {
-    // The task has ended without a result, and with it the waiting.
+    // The task is destroyed without a result, which ends the wait for it.
   }
   ::pthread_sigmask(SIG_SETMASK, &former, nullptr);
 }

@@ -6,12 +6,13 @@
 
 namespace quillon::platform::ui {
 
-/// A connection of any kind, closed with its last owner; null when there is nobody to connect with.
+/// A connection of any kind, closed when its last owner is destroyed. Null if the connection
+/// failed.
 using Connection = std::shared_ptr<void>;
 
-/// Connects on a thread of its own and waits five seconds for that: the toolkit itself would wait
-/// for ever for whoever takes a connection and never says a word. Nothing without an answer in
-/// time; the thread, with all signals blocked, is then left behind. Main thread.
+/// Connects on a helper thread with a timeout of five seconds. The toolkit's own connect blocks
+/// indefinitely if the server accepts the connection but never replies. Returns nothing after the
+/// timeout; the thread, with all signals blocked, then keeps running. Main thread.
 [[nodiscard]] std::optional<Connection> connectWithTimeout(std::function<Connection()> connect);
 
 }  // namespace quillon::platform::ui

@@ -3,8 +3,8 @@
 namespace quillon::platform::ui {
 namespace {
 
-/// Some window managers offer to minimise whatever a window asks for, and one that no task bar
-/// shows would be lost.
+/// Some window managers offer to minimise a window in spite of its hints. The user could not
+/// restore a minimised window that no task bar shows.
 gboolean undoMinimising(GtkWidget* window, const GdkEventWindowState* event, void*) {
   if ((event->new_window_state & GDK_WINDOW_STATE_ICONIFIED) != 0) {
     gtk_window_deiconify(GTK_WINDOW(window));

@@ -6,9 +6,9 @@
 
 namespace quillon::platform::ui {
 
-/// What every window of the application has in common: it can be moved and closed but not
-/// minimised, and an accessory application's stays out of task bars and pagers. Realizes the
-/// window. Main thread.
+/// Sets the hints that all windows of the application have. The window can be moved and closed but
+/// not minimised. A window of an accessory application does not appear in task bars and pagers.
+/// Realizes the window. Main thread.
 void applyWindowHints(GtkWindow* window, ActivationPolicy policy);
 
 }  // namespace quillon::platform::ui
