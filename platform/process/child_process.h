@@ -34,7 +34,7 @@ struct ChildRun {
   int startError = 0;
   /// Its exit status; 128 + the signal's number if a signal ended it, as shells count.
   int exitStatus = 0;
-  /// The part of its standard output that was kept, and the number of all bytes.
+  /// What was kept of its standard output, and the number of all bytes.
   std::string output;
   std::uint64_t outputBytes = 0;
 };
