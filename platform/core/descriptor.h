@@ -6,7 +6,7 @@
 #include <optional>
 #include <utility>
 
-/// POSIX descriptors: their owners, and calls that a signal may interrupt.
+/// Owners of POSIX descriptors, and a helper for calls that a signal may interrupt.
 namespace quillon::platform {
 
 /// Owns one descriptor and closes it. Closing is never retried: after an interrupted close the
@@ -26,7 +26,7 @@ class UniqueFd {
 
   [[nodiscard]] bool isOpen() const { return descriptor_ != none; }
   [[nodiscard]] int get() const { return descriptor_; }
-  /// Gives up the ownership; the caller closes the descriptor.
+  /// Gives up the ownership. The caller closes the descriptor.
   [[nodiscard]] int release() { return std::exchange(descriptor_, none); }
   void reset() {
     if (isOpen()) ::close(release());
@@ -37,16 +37,16 @@ class UniqueFd {
   int descriptor_ = none;
 };
 
-/// Both ends close on exec before any child can be started.
+/// Both ends close on exec. This is set before any child can be started.
 struct Pipe {
   UniqueFd readEnd;
   UniqueFd writeEnd;
 
-  /// Nothing if the system has no descriptor left.
+  /// Returns nothing if no descriptor is available.
   static std::optional<Pipe> open();
 };
 
-/// Repeats a system call while a signal interrupts it. Never for `close`.
+/// Repeats a system call that a signal interrupts. Not for `close`.
 template <class Call>
 auto retryInterrupted(Call call) {
   auto result = call();

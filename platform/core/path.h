@@ -7,28 +7,28 @@
 
 namespace quillon::platform {
 
-/// Where something stands among the files: its text, taken apart only when somebody asks. (The
-/// standard library's path keeps a list of its parts, each on the heap; a launch would spend more
-/// on such lists than on all its other texts.) Bytes are kept as they are. A value: any thread.
+/// A file path. It holds only the text and splits it on request. (The standard library's path keeps
+/// a list of its components, each on the heap. A launch would use more memory for such lists than
+/// for all its other texts.) Bytes are not modified. A value: any thread.
 class Path {
  public:
   Path() = default;
-  /// What turns into a text by itself is a path to whoever takes one.
+  /// Every type that converts implicitly to a text also converts implicitly to a path.
   template <std::convertible_to<std::string> Text>
   Path(Text text) : text_(std::move(text)) {}
   Path(std::string_view text) : text_(text) {}
 
   [[nodiscard]] const std::string& text() const { return text_; }
-  /// For the system's calls, as long as the path lives.
+  /// For system calls. Valid as long as the path.
   [[nodiscard]] const char* cText() const { return text_.c_str(); }
   [[nodiscard]] bool empty() const { return text_.empty(); }
 
-  /// What stands before the last name; the root's is the root. Empty for a name alone.
+  /// The part before the last name. The root is its own folder. Empty if the path is only a name.
   [[nodiscard]] Path folder() const;
-  /// The last name; empty behind a slash at the end.
+  /// The last name. Empty if the path ends with a slash.
   [[nodiscard]] std::string_view name() const;
 
-  /// What stands at a relative path below this one.
+  /// The relative path `below`, appended to this path.
   [[nodiscard]] Path operator/(std::string_view below) const;
   [[nodiscard]] bool operator==(const Path&) const = default;
 
@@ -36,10 +36,10 @@ class Path {
   std::string text_;
 };
 
-/// The path from the root; as it is when there is no current folder to count from.
+/// The path from the root. If there is no current folder, the path as given.
 [[nodiscard]] Path absolutePath(const Path& path);
 
-/// The path from the root without a link in it; empty when nothing stands there.
+/// The path from the root, with all symbolic links resolved. Empty if the item does not exist.
 [[nodiscard]] Path resolvedPath(const Path& path);
 
 }  // namespace quillon::platform

@@ -4,9 +4,10 @@
 
 namespace quillon::platform {
 
-/// Locked while there is a pipe that does not close on exec yet: a Mac makes it and marks it in two
-/// steps. Every spawn locks it too, so that no child of another thread is born between the two and
-/// holds the pipe open. The toolkit starts no process from within ours.
+/// A lock that is held while a new pipe does not close on exec yet: macOS creates a pipe and sets
+/// that flag in two steps. Every spawn takes the lock, too. Otherwise a child that another thread
+/// starts between the two steps would keep the pipe open. The toolkit starts no processes within
+/// this process.
 [[nodiscard]] std::mutex& unmarkedPipes();
 
 }  // namespace quillon::platform

@@ -13,7 +13,7 @@ bool isMainThread() {
 
 void runInBackground(Task task) {
   const auto run = [](void* context) { (*std::unique_ptr<Task>(static_cast<Task*>(context)))(); };
-  // The user is waiting for it: neither the default nor a background quality of service.
+  // The user waits for the task, so it has neither the default nor a background quality of service.
   const dispatch_queue_t queue = ::dispatch_get_global_queue(QOS_CLASS_USER_INITIATED, 0);
   ::dispatch_async_f(queue, std::make_unique<Task>(std::move(task)).release(), run);
 }

@@ -8,16 +8,17 @@ namespace quillon::platform {
 struct Bundle {
   /// The application folder ("Nimbra.app").
   Path location;
-  /// The folder with its resources.
+  /// The folder that contains its resources.
   Path resources;
 };
 
-/// The bundle an executable belongs to: for one in a folder "Contents/MacOS" the folder two levels
-/// above it, with the resources in "Contents/Resources"; for any other its own folder is both.
+/// The bundle of an executable. If the executable is in a folder "Contents/MacOS", the bundle is
+/// the folder two levels above it, and the resources are in "Contents/Resources". Otherwise the
+/// executable's folder is both.
 [[nodiscard]] Bundle bundleOf(const Path& executable);
 
-/// The running executable's real location, links resolved, whatever name it was started under;
-/// empty when the system does not tell.
+/// The running executable's real location, with symbolic links resolved, independent of the name it
+/// was started by. Empty if the system does not report it.
 [[nodiscard]] Path executableLocation();
 
 }  // namespace quillon::platform

@@ -14,15 +14,16 @@
 namespace quillon::platform {
 namespace {
 
-/// The path that the kernel was told to execute.
+/// The path that was passed to the kernel for execution.
 Path executedPath() {
-  // NOLINTNEXTLINE(performance-no-int-to-ptr): the kernel hands addresses over as numbers.
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the kernel passes addresses as numbers.
   const auto* const path = reinterpret_cast<const char*>(::getauxval(AT_EXECFN));
   return path == nullptr ? Path() : Path(path);
 }
 
-/// Whether the path leads from the root to the file that runs, without a link or a dot to follow;
-/// openat2(2). A script's is that of the script: its interpreter was started by another name.
+/// Whether the path leads from the root to the running file without a symbolic link or a dot
+/// component; openat2(2). For a script the path is the script's, because its interpreter was
+/// started by another name.
 bool isResolved(const Path& path) {
   const auto holds = [&](const char* part) { return path.text().find(part) != std::string::npos; };
   if (!path.text().starts_with('/') || holds("/.") || holds("//")) return false;
@@ -35,7 +36,7 @@ bool isResolved(const Path& path) {
   return UniqueFd(static_cast<int>(descriptor)).isOpen();
 }
 
-/// What the system says about this process, where it shows its processes.
+/// The location of this process's executable, read from /proc.
 Path shownExecutable() {
   std::array<char, PATH_MAX> target{};
   const ssize_t length = ::readlink("/proc/self/exe", target.data(), target.size());
@@ -45,8 +46,8 @@ Path shownExecutable() {
 
 }  // namespace
 
-// The first to ask about a process pays for everything that the system shows of it: more than for
-// any other call of a launch. So that is asked only when the path at hand might not be the file's.
+// The first access to a process in /proc costs more than any other system call of a launch. It is
+// made only if the executed path might not be the file's real path.
 Path executableLocation() {
   Path executed = executedPath();
   if (isResolved(executed)) return executed;

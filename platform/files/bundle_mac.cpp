@@ -9,7 +9,8 @@
 namespace quillon::platform {
 namespace {
 
-/// As the process was started: it may lead through links and hold "..". Empty on failure.
+/// The path by which the process was started. It may contain symbolic links and "..". Empty on
+/// failure.
 std::string startPath() {
   std::string path(PATH_MAX, '\0');
   auto size = static_cast<std::uint32_t>(path.size());

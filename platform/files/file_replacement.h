@@ -7,17 +7,17 @@
 
 namespace quillon::platform {
 
-/// Puts a file at `path` in the place of what stands there: a file, a link as such, or a folder
-/// with all below it. Missing parent folders are created. The bytes grow in a file of its own
-/// beside `path`, which is renamed over it once complete: no reader and no other writer ever sees a
-/// part, nor a moment without a file where there was one. Only its owner may read it, whatever the
-/// umask.
+/// Creates a file at `path` and replaces what is there: a file, a symbolic link (not its target),
+/// or a folder with its contents. Missing parent folders are created. The bytes are written to a
+/// temporary file beside `path`, which is renamed over `path` when it is complete. No reader and no
+/// other writer sees an incomplete file, or a moment without a file if there was one. Only the
+/// owner may read the file, regardless of the umask.
 ///
-/// `makeBytes` is called once the new file is there to take them. False on any failure; then what
-/// stood at `path` still stands, but for parts of a folder, and nothing is left over. Only a
-/// process that is killed in the middle leaves the unfinished file; `endProcess` waits. If the
-/// process has a limit for the size of files, SIGXFSZ is ignored during the call. No protection
-/// against a power cut. Any thread.
+/// `makeBytes` is called after the temporary file is created. Returns false on any failure. Then
+/// the item at `path` is unchanged, except that parts of a folder may be removed, and no temporary
+/// file is left. A temporary file is left only if the process is killed during the call;
+/// `endProcess` waits for the call. If the process has a limit for the size of files, SIGXFSZ is
+/// ignored during the call. There is no protection against a power failure. Any thread.
 [[nodiscard]] bool replaceFile(const Path& path, const std::function<std::string()>& makeBytes);
 
 }  // namespace quillon::platform

@@ -22,7 +22,7 @@
 namespace quillon::platform {
 namespace {
 
-/// A new file beside its place.
+/// A temporary file beside the path that it will replace.
 struct UnfinishedFile {
   Path path;
   UniqueFd descriptor;
@@ -34,7 +34,8 @@ UniqueFd createFile(const Path& path) {
   }));
 }
 
-/// Under a name that nobody else uses: of two that choose the same moment one finds it taken.
+/// The name contains the time. If two processes use the same name, O_EXCL fails for one of them,
+/// and it tries the next name.
 UnfinishedFile createBeside(const Path& path) {
   constexpr int attempts = 100;
   const auto now = std::chrono::system_clock::now().time_since_epoch().count();
@@ -64,11 +65,11 @@ bool hasFileSizeLimit() {
 }
 
 bool writeAndClose(UniqueFd descriptor, std::string_view bytes) {
-  // A file grown to the process's limit is a failed write, not the end of the process.
+  // Makes a write beyond the limit for the size of files fail. Otherwise it would end the process.
   std::optional<SignalOverride> ignoredSignal;
   if (hasFileSizeLimit()) ignoredSignal.emplace(SIGXFSZ, SIG_IGN);
-  // Gives back what a umask took from the owner. Some file systems refuse to change a mode; the
-  // file is then no wider than it was created.
+  // Restores the permissions of the owner that a umask removed. Some file systems refuse to change
+  // a mode. The file then has no more permissions than it was created with.
   (void)::fchmod(descriptor.get(), ownersFileMode);
   const bool written = writeAll(descriptor.get(), bytes);
   // Some file systems report a full disk only here.
@@ -83,7 +84,7 @@ bool fill(UniqueFd descriptor, const std::function<std::string()>& makeBytes) {
   }
 }
 
-/// A folder makes room; anything else is replaced in one step.
+/// A folder is removed first. Any other item is replaced in one step.
 bool moveOver(const Path& from, const Path& to) {
   if (::rename(from.cText(), to.cText()) == 0) return true;
   return errno == EISDIR && removeItem(to) && ::rename(from.cText(), to.cText()) == 0;

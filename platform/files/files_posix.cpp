@@ -24,7 +24,8 @@ std::optional<struct stat> statusOf(const Path& path) {
   return status;
 }
 
-/// One byte more than expected is asked for: getting exactly what was expected tells the end.
+/// Requests one byte more than expected: a read of exactly the expected size is the end of the
+/// file.
 std::optional<std::string> readToEnd(int descriptor, std::size_t expectedBytes) {
   std::string content(expectedBytes + 1, '\0');
   std::size_t length = 0;
@@ -69,7 +70,7 @@ bool isExecutableFile(const Path& path) {
 }
 
 std::optional<std::string> readFile(const Path& path) {
-  // Opening a named pipe would wait for its other end without O_NONBLOCK.
+  // Without O_NONBLOCK, opening a named pipe would wait for its other end.
   const UniqueFd file = openFile(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
   struct stat status = {};
   if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
@@ -89,8 +90,8 @@ bool createFolders(const Path& folder) {
   if (!createFolders(parent)) return false;
   const UniqueFd opened = openFile(parent.empty() ? "." : parent, folderFlags(FolderUse::search));
   const std::string name(folder.name());
-  // The umask may have taken away what the owner needs. A link that another process puts in the
-  // place of the new folder is not followed.
+  // The umask may have removed permissions that the owner needs. If another process replaces the
+  // new folder with a symbolic link, the link is not followed.
   const bool isMade =
       ::mkdirat(opened.get(), name.c_str(), ownersFolderMode) == 0 &&
       ::fchmodat(opened.get(), name.c_str(), ownersFolderMode, AT_SYMLINK_NOFOLLOW) == 0;

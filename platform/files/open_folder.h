@@ -4,19 +4,19 @@
 
 namespace quillon::platform {
 
-/// What a folder is opened for: to use files in it by their names, which takes no permission to
-/// read it, or to list the names as well.
+/// The purpose of opening a folder: to use files in it by their names, which does not need
+/// permission to read the folder, or also to list the names.
 enum class FolderUse { search, list };
 
-/// The flags of `open` for that.
+/// The flags of `open` for this use.
 int folderFlags(FolderUse use);
 
-/// Opens the folder at the relative `path` below the open folder `parent`. Fails if the path leads
-/// through a symbolic link or into another mount, also in its last place. Any thread.
+/// Opens the folder at the relative `path` below the open folder `parent`. Fails if a component of
+/// the path, including the last, is a symbolic link or another mount. Any thread.
 UniqueFd openFolder(int parent, const char* path, FolderUse use);
 
-/// The same by POSIX alone, name by name; tells mounts by their devices. A mount of a folder of the
-/// same device is not noticed.
+/// Does the same with POSIX calls only, one name at a time. It recognises mounts by their devices,
+/// so it does not notice a mount of a folder of the same device.
 UniqueFd openFolderOfSameDevice(int parent, const char* path, FolderUse use);
 
 }  // namespace quillon::platform

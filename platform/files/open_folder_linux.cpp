@@ -21,7 +21,7 @@ UniqueFd openFolder(int parent, const char* path, FolderUse use) {
   how.resolve = RESOLVE_NO_SYMLINKS | RESOLVE_NO_XDEV;
   const long descriptor =
       retryInterrupted([&] { return ::syscall(SYS_openat2, parent, path, &how, sizeof(how)); });
-  // Kernels before 5.6 do not have the call, and some sandboxes refuse it.
+  // Kernels before 5.6 do not have the call, and some sandboxes reject it.
   const bool isUnknown = descriptor == -1 && (errno == ENOSYS || errno == EPERM);
   return isUnknown ? openFolderOfSameDevice(parent, path, use)
                    : UniqueFd(static_cast<int>(descriptor));

@@ -8,7 +8,7 @@ int folderFlags(FolderUse use) {
   return O_DIRECTORY | O_CLOEXEC | (use == FolderUse::search ? O_SEARCH : O_RDONLY);
 }
 
-// A Mac does not mount a folder in a second place of the same device.
+// macOS does not mount a folder a second time on the same device, so comparing devices is enough.
 UniqueFd openFolder(int parent, const char* path, FolderUse use) {
   return openFolderOfSameDevice(parent, path, use);
 }

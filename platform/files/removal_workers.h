@@ -11,7 +11,7 @@
 
 namespace quillon::platform {
 
-/// Folders to be removed with their content: their names in an open folder.
+/// Folders to remove with their contents: their names in an open folder.
 struct RemovalTask {
   UniqueFd parent;
   std::vector<std::string> folders;

@@ -16,7 +16,7 @@
 namespace quillon::platform {
 namespace {
 
-/// The items' names by the paths of the folders they stand in, so that each is opened once.
+/// The items' names, grouped by the paths of their folders, so that each folder is opened once.
 using NamesByFolder = std::map<std::string, std::vector<std::string>>;
 
 NamesByFolder namesByFolder(std::span<const std::string> paths) {
@@ -54,7 +54,7 @@ void removeGroups(int base, std::span<const std::string> paths, RemovalWorkers& 
 Unlinked unlinkFile(int parent, const char* path) {
   if (::unlinkat(parent, path, 0) == 0) return Unlinked::gone;
   if (errno == ENOENT || errno == ENOTDIR) return Unlinked::wasMissing;
-  // A folder is refused with EISDIR on Linux, with EPERM where POSIX is followed to the letter.
+  // For a folder, Linux sets EISDIR. POSIX requires EPERM.
   return errno == EISDIR || errno == EPERM ? Unlinked::isFolder : Unlinked::failed;
 }
 
@@ -62,9 +62,9 @@ void removeBelow(int base, std::span<const std::string> paths) {
   RemovalWorkers workers;
   const auto removeAll = [&] { removeGroups(base, paths, workers); };
   workers.attempt(removeAll);
-  // Walks side by side leave the folders that another one was still busy below, and those that no
-  // descriptor or memory was free for; a walk whose folder was moved away leaves all it still had
-  // to do. The last walk is alone.
+  // Concurrent walks leave folders that another walk was still using, and folders for which no
+  // descriptor or memory was free. A walk whose folder was moved away leaves the rest of its task.
+  // The second walk runs alone.
   if (workers.finish()) workers.attempt(removeAll);
 }
 

@@ -13,24 +13,25 @@
 
 namespace quillon::platform {
 
-/// Some of the names in a folder, as far as it tells which are folders.
+/// Some of the names in a folder. Entries whose type the file system does not report are in
+/// `files`.
 struct Listing {
   std::vector<std::string> files;
   std::vector<std::string> folders;
-  /// Whether none follow.
+  /// Whether this is the last listing of the folder.
   bool isLast = true;
 };
 
-/// Removes the files of a listing of the open `folder`. Returns its folders, among them those that
-/// were listed as files: not every file system lists entry types. Adds to `removedCount` how many
-/// files it removed.
+/// Removes the files of a listing of the open `folder`. Returns its folders, including those that
+/// were listed as files: not every file system reports entry types. Adds the number of removed
+/// files to `removedCount`.
 std::vector<std::string> unlinkFiles(int folder, Listing listing, std::size_t& removedCount);
 
-/// Empties and removes folders and hands some to its workers. It reads a bounded number of names at
-/// a time, removes them and reads on, so it uses one descriptor, one more for each folder on the
-/// way down that it has not read to the end, and memory in proportion to the depth. The way back up
-/// is the folder's "..", taken only when it is the folder that the walk came from: somebody may
-/// move folders meanwhile. Throws if memory runs out; what is left then stays. One thread at a
+/// Empties and removes folders and hands some of them to its workers. It reads a limited number of
+/// names, removes them, and reads the next. It uses one descriptor, one more for each parent folder
+/// that it has not read to the end, and memory in proportion to the depth. It goes back up through
+/// "..", after checking that this is the folder it came from: another process may move folders
+/// during the walk. Throws if memory runs out; the remaining items are then left. One thread at a
 /// time.
 class TreeWalk {
  public:
@@ -51,15 +52,15 @@ class TreeWalk {
     bool operator==(const FileIdentity&) const = default;
   };
 
-  /// A folder on the way down to the current one and which folders are left to be removed in it.
-  /// The uppermost has no name: the walk ends there.
+  /// A folder on the path to the current one, and the folders that are still to be removed in it.
+  /// The top level has no name: the walk ends there.
   struct Level {
     std::string name;
     FileIdentity parent;
     std::vector<std::string> folders;
-    /// Where the names that were not read yet come from; none when all were.
+    /// The stream of the names that were not read yet. Null if all were read.
     Stream rest;
-    /// Since the folder was read from its beginning.
+    /// Since the stream was last at the folder's beginning.
     std::size_t removedCount = 0;
     int passCount = 1;
   };
@@ -67,14 +68,14 @@ class TreeWalk {
   static Stream openStream(int parent, const char* name);
   static std::optional<FileIdentity> identityOf(const UniqueFd& folder);
   void shareHalf(std::vector<std::string>& folders);
-  /// Empties a folder of the current one and removes it, or goes down into it.
+  /// Empties and removes a folder inside the current one, or descends into it.
   void remove(const std::string& name);
   void removeEmptied(const std::string& name);
   void descend(Level level, bool hasMore);
-  /// Reads the next names of a level that has some, removes the files and takes note of the
-  /// folders. False when there are no more to be read.
+  /// Reads the next names of a level whose stream is open, removes the files and stores the
+  /// folders. Returns false if there are no more names.
   bool readOn(Level& level);
-  /// False when the current folder is no longer where the walk came from.
+  /// Returns false if the current folder was moved since the walk entered it.
   bool ascend();
 
   RemovalWorkers& workers_;

@@ -14,10 +14,10 @@
 namespace quillon::platform {
 namespace {
 
-/// More names are not held for a folder at a time.
+/// The maximum number of a folder's names that are held in memory.
 constexpr std::size_t maxListedNames = 1000;
 
-/// A folder that another process fills all the time is left to it.
+/// The walk gives up a folder that another process keeps filling.
 constexpr int maxPasses = 30;
 
 Listing list(DIR* stream) {
@@ -83,7 +83,7 @@ std::optional<TreeWalk::FileIdentity> TreeWalk::identityOf(const UniqueFd& folde
 
 void TreeWalk::shareHalf(std::vector<std::string>& folders) {
   UniqueFd parent = openFolder(current_.get(), ".", FolderUse::search);
-  // With no descriptor left, this walk goes on with all of them.
+  // If no descriptor is free, this walk keeps all the folders.
   if (!parent.isOpen()) return;
   const auto middle = folders.begin() + static_cast<std::ptrdiff_t>(folders.size() / 2);
   const auto end = folders.end();
@@ -100,7 +100,7 @@ void TreeWalk::remove(const std::string& name) {
       return;
     }
   }
-  // One that could not be opened may be empty all the same.
+  // A folder that could not be opened may be empty, so its removal is tried anyway.
   removeEmptied(name);
 }
 
@@ -109,7 +109,7 @@ void TreeWalk::removeEmptied(const std::string& name) {
 }
 
 void TreeWalk::descend(Level level, bool hasMore) {
-  // Fails in a folder that may be read but not searched: there would be no way back out of it.
+  // Fails if the folder may be read but not searched: the walk could not return from it.
   UniqueFd inside = openFolder(::dirfd(level.rest.get()), ".", FolderUse::search);
   const auto parent = identityOf(current_);
   if (!inside.isOpen() || !parent) return;
@@ -120,7 +120,7 @@ void TreeWalk::descend(Level level, bool hasMore) {
 }
 
 bool TreeWalk::readOn(Level& level) {
-  // Removing while reading may skip names on some file systems.
+  // On some file systems, removing while reading may skip names.
   const bool maySkip = level.removedCount > 0;
   Listing listing = list(level.rest.get());
   const bool isLast = listing.isLast;

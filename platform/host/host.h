@@ -17,9 +17,10 @@ namespace quillon::platform {
 /// system does not report them or, on Linux, has more than 1,024.
 [[nodiscard]] int activeProcessorCount();
 
-/// The user's home folder. On Linux HOME if it is set and not empty, else the user database's. On a
-/// Mac as for every application: CFFIXED_USER_HOME, the user database's, only then HOME. "/" if
-/// there is none, so that nothing in the current folder is taken for the user's.
+/// The user's home folder. On Linux: HOME if it is set and not empty, otherwise the home folder in
+/// the user database. On a Mac the order is that of every application: CFFIXED_USER_HOME, the user
+/// database, HOME. If there is none, "/", so that nothing in the current folder is mistaken for the
+/// user's.
 [[nodiscard]] Path homeFolder();
 
 /// The home folder of a user in the system's user database; nothing if the user is unknown. May

@@ -7,7 +7,7 @@
 namespace quillon::platform {
 namespace {
 
-/// 0 when the system does not tell.
+/// 0 if the system does not report it.
 template <class Number>
 Number systemValue(const char* name) {
   Number value{};
@@ -25,8 +25,8 @@ int activeProcessorCount() {
   return systemValue<int>("hw.activecpu");
 }
 
-// As Foundation finds it for whoever asks NSFileManager, so that both name the same folder: HOME
-// counts only for a user whom the database does not know.
+// Follows the rules of Foundation's NSFileManager, so that both return the same folder: HOME is
+// used only for a user who is not in the database.
 Path homeFolder() {
   const auto fixed = startEnvironment().value("CFFIXED_USER_HOME");
   if (fixed && !fixed->empty() && ::issetugid() == 0) return *fixed;

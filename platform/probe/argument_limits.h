@@ -6,8 +6,8 @@
 
 namespace quillon::platform {
 
-/// What the system takes when a program is started: the bytes of one string, its NUL included, and
-/// of all arguments and environment entries together with their pointers.
+/// The system's limits for starting a program: the bytes of one string, including its NUL, and of
+/// all arguments and environment entries together with their pointers.
 struct ArgumentLimits {
   std::size_t oneString;
   std::size_t together;
@@ -16,7 +16,7 @@ struct ArgumentLimits {
 /// The limits for a child of this process. Any thread.
 [[nodiscard]] ArgumentLimits argumentLimits();
 
-/// What strings take of `ArgumentLimits::together`. Pure.
+/// The bytes that strings use of `ArgumentLimits::together`. Pure.
 [[nodiscard]] std::size_t startBytes(const std::vector<std::string>& strings);
 
 }  // namespace quillon::platform

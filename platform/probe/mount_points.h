@@ -6,8 +6,8 @@
 
 namespace quillon::platform {
 
-/// Where file systems, folders or files are mounted, as paths without links; empty when the system
-/// does not say. Any thread.
+/// The folders and files that are mount points, as paths without symbolic links. Empty if the
+/// system does not report them. Any thread.
 [[nodiscard]] std::vector<Path> mountPoints();
 
 }  // namespace quillon::platform

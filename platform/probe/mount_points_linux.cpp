@@ -10,14 +10,14 @@
 namespace quillon::platform {
 namespace {
 
-/// The text up to the separator, which is removed from `rest` with it.
+/// The text up to the separator. Both are removed from `rest`.
 std::string_view takeUntil(char separator, std::string_view& rest) {
   const std::string_view taken = rest.substr(0, rest.find(separator));
   rest.remove_prefix(std::min(taken.size() + 1, rest.size()));
   return taken;
 }
 
-/// Spaces, tabs, line feeds and backslashes are written as a backslash and three octal digits.
+/// Spaces, tabs, line feeds and backslashes are encoded as a backslash and three octal digits.
 std::string unescaped(std::string_view text) {
   std::string plain(takeUntil('\\', text));
   while (!text.empty()) {
@@ -38,7 +38,7 @@ std::vector<Path> mountPoints() {
   std::vector<Path> points;
   for (std::string_view rest = text; !rest.empty();) {
     std::string_view line = takeUntil('\n', rest);
-    // Identifier, that of the parent, device, mounted folder, place: proc(5).
+    // The fields are: ID, parent ID, device, root, mount point; proc(5).
     for (int field = 0; field < 4; ++field) (void)takeUntil(' ', line);
     points.emplace_back(unescaped(takeUntil(' ', line)));
   }

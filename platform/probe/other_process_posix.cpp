@@ -10,7 +10,7 @@ namespace quillon::platform {
 
 bool isRunning(std::int64_t processId) {
   const auto id = static_cast<pid_t>(processId);
-  // 0 and negative numbers stand for groups.
+  // 0 and negative numbers are process groups.
   if (id <= 0 || id != processId) return false;
   return ::kill(id, 0) == 0 || errno != ESRCH;
 }

@@ -6,16 +6,17 @@
 
 namespace quillon::platform {
 
-/// How much there is of a file, or of a folder with everything below it.
+/// The number and size of the files in a folder and all folders below it, or of a single file.
 struct TreeSize {
-  /// Everything that is no folder.
+  /// The number of items that are not folders.
   std::uint64_t files = 0;
   std::uint64_t bytes = 0;
-  /// False when some of it could not be looked at; it is not counted.
+  /// False if some items could not be accessed. They are not counted.
   bool isWhole = true;
 };
 
-/// Counts, without following links; nothing counts as zero files. Any thread.
+/// Counts without following symbolic links. The result for a missing path is zero files. Any
+/// thread.
 [[nodiscard]] TreeSize treeSizeOf(const Path& path);
 
 }  // namespace quillon::platform

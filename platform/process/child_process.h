@@ -11,28 +11,28 @@
 /// Child processes that this process waits for.
 namespace quillon::platform {
 
-/// What a child is started as.
+/// The command line and environment of a child.
 struct ChildCommand {
   Path executable;
-  /// They follow the path, which is argument zero.
+  /// The arguments after the path, which is argument zero.
   std::vector<std::string> arguments;
   Environment environment = startEnvironment();
 };
 
-/// How long a child may run and how much of its standard output is kept.
+/// The time limit of a child, and how much of its standard output is kept.
 struct ChildLimits {
   std::chrono::milliseconds time;
-  /// An output of at most this many bytes is kept whole, of a longer one the first `headBytes`.
+  /// If the output has at most this many bytes, all of it is kept, otherwise the first `headBytes`.
   std::size_t outputBytes;
   std::size_t headBytes;
 };
 
 /// The outcome of a child process.
 struct ChildRun {
-  /// Why it could not be started, as an errno value; 0 if it ran. If it is not 0, nothing below has
-  /// a meaning.
+  /// The errno value of a failed start, 0 if the child ran. If it is not 0, the other members have
+  /// no meaning.
   int startError = 0;
-  /// Its exit status; 128 + the signal's number if a signal ended it, as shells count.
+  /// The exit status of the child. If a signal ended it, 128 + the signal's number, as in shells.
   int exitStatus = 0;
   /// What was kept of its standard output, and the number of all bytes.
   std::string output;
@@ -43,11 +43,11 @@ struct ChildRun {
 /// blocks on a full pipe; its standard error is discarded. It inherits standard input and no other
 /// descriptor, and gets the signal mask that the process was started with.
 ///
-/// Blocks until the child has ended, but no longer than `limits.time`: then it is killed. If
-/// another process keeps the child's streams open, the call returns at that time, too. The child
-/// does not outlive this process: it is killed by `endProcess`, and by SIGHUP, SIGINT and SIGTERM
-/// before they end the process (ignored ones stay ignored). While it runs SIGCHLD is not ignored,
-/// so that the exit status cannot get lost. Any thread; one run at a time.
+/// Blocks until the child has ended or `limits.time` is over. A child that is still running then is
+/// killed. If another process keeps the child's streams open, the call returns at that time, too.
+/// The child does not outlive this process: it is killed by `endProcess`, and by SIGHUP, SIGINT and
+/// SIGTERM before they end the process (ignored ones stay ignored). While it runs, SIGCHLD is not
+/// ignored, so that the exit status cannot get lost. Any thread; one run at a time.
 [[nodiscard]] ChildRun runChild(const ChildCommand& command, const ChildLimits& limits);
 
 }  // namespace quillon::platform

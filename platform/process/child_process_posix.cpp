@@ -26,10 +26,11 @@ int pollMilliseconds(Clock::duration duration) {
   return static_cast<int>(std::max<milliseconds::rep>(rounded, 0));
 }
 
-/// The pipe of one output stream, and what is kept of the stream.
+/// The pipe of one output stream, and the part of the stream that is kept.
 class DrainedStream {
  public:
-  /// An output of at most `wholeLimit` bytes is kept whole, of a longer one the first `headLimit`.
+  /// If the output has at most `wholeLimit` bytes, all of it is kept, otherwise the first
+  /// `headLimit`.
   DrainedStream(std::size_t wholeLimit, std::size_t headLimit)
       : wholeLimit_(wholeLimit), headLimit_(headLimit) {}
 
@@ -39,7 +40,7 @@ class DrainedStream {
   }
   [[nodiscard]] const UniqueFd& writeEnd() const { return pipe_->writeEnd; }
   void closeWriteEnd() { pipe_->writeEnd.reset(); }
-  /// For poll, which ignores a closed one: -1.
+  /// For poll. A closed pipe is -1, which poll ignores.
   [[nodiscard]] int descriptor() const {
     return pipe_->readEnd.isOpen() ? pipe_->readEnd.get() : -1;
   }
@@ -49,7 +50,7 @@ class DrainedStream {
   void readSome() {
     // A background thread may have a stack of no more than 64 KiB.
     constexpr std::size_t chunkBytes = 4096;
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): filling it would be wasted.
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): filling the array is unnecessary.
     std::array<char, chunkBytes> chunk;
     const ssize_t got = ::read(descriptor(), chunk.data(), chunk.size());
     if (got > 0) {
@@ -110,7 +111,7 @@ class ChildProcess {
     return error;
   }
 
-  /// Leaves an ended child unreaped, so that no other process gets its number.
+  /// Does not reap the child if it has ended, so that no other process gets its ID.
   [[nodiscard]] bool hasEnded(int options = WNOHANG) const {
     siginfo_t ended{};
     const auto wait = [&] {
@@ -121,7 +122,7 @@ class ChildProcess {
 
   /// Returns the wait status of a child that has ended.
   int reap() {
-    // Never mistaken for success, should the child not be waited for.
+    // Initial value, so that a failed wait is never mistaken for success.
     int status = SIGKILL;
     const std::shared_lock delay = delayProcessEnd();
     (void)retryInterrupted([&] { return ::waitpid(id_, &status, 0); });
@@ -140,7 +141,7 @@ class ChildProcess {
   pid_t id_ = 0;
 };
 
-/// Reads both streams until they end. False if the deadline or a signal came first.
+/// Reads both streams until they end. Returns false if the deadline or a signal came first.
 bool drain(std::array<DrainedStream, 2>& streams, int signals, Clock::time_point deadline) {
   while (!streams[0].hasEnded() || !streams[1].hasEnded()) {
     std::array<pollfd, 3> polled{{{streams[0].descriptor(), POLLIN, 0},
@@ -156,8 +157,8 @@ bool drain(std::array<DrainedStream, 2>& streams, int signals, Clock::time_point
   return true;
 }
 
-/// Returns the wait status of the child. One that is still running at the deadline or when a signal
-/// arrives is killed.
+/// Returns the wait status of the child. If the child is still running at the deadline or when a
+/// signal arrives, it is killed.
 int waitFor(ChildProcess& child, int signals, Clock::time_point deadline) {
   constexpr milliseconds longestPause{10};
   // A child closes its streams a moment before it ends.
@@ -175,12 +176,12 @@ int exitStatusOf(int waitStatus) {
   return WIFEXITED(waitStatus) ? WEXITSTATUS(waitStatus) : signalBase + WTERMSIG(waitStatus);
 }
 
-/// Returns with the child gone.
+/// The child has ended when this returns.
 ChildRun runWatched(const ChildCommand& command, const ChildLimits& limits, int signals) {
   const auto deadline = Clock::now() + limits.time;
   std::array streams{DrainedStream(limits.outputBytes, limits.headBytes), DrainedStream(0, 0)};
   if (!streams[0].open() || !streams[1].open()) return {.startError = errno};
-  // While SIGCHLD is ignored, which the launcher may inherit, an ended child leaves no status.
+  // While SIGCHLD is ignored, which the launcher may inherit, the exit status of a child is lost.
   const SignalOverride reapable(SIGCHLD, SIG_DFL);
   ChildProcess child;
   if (const int error = child.start(command, streams[0], streams[1])) {

@@ -24,7 +24,7 @@ ProcessEnd& processEnd() {
 }  // namespace
 
 void occupyClosedStandardStreams() {
-  // The system gives out the lowest free number: that of a closed stream, until all three are open.
+  // The system returns the lowest free number: that of a closed stream, until all three are open.
   UniqueFd placeholder;
   do {
     (void)placeholder.release();

@@ -6,23 +6,23 @@
 
 #include "platform/core/descriptor.h"
 
-/// Signals of this process, and how its children find them.
+/// The signals of this process, and the signal state that its children get.
 namespace quillon::platform {
 
-/// The calling thread's mask at the first call, which main() makes before it starts anything.
-/// Children get this one: a thread that starts a child may block signals, as those of a Mac's
-/// dispatch queues do (SIGTERM, SIGINT, SIGHUP, SIGALRM, SIGCHLD). Any thread.
+/// The calling thread's mask at the first call, which main() makes before it starts any thread or
+/// process. Children get this mask: a thread that starts a child may block signals, as those of a
+/// Mac's dispatch queues do (SIGTERM, SIGINT, SIGHUP, SIGALRM, SIGCHLD). Any thread.
 [[nodiscard]] const sigset_t& startSignalMask();
 
-/// Keeps the disposition of every signal, before a UI toolkit that changes some is loaded. Main
-/// thread.
+/// Saves the disposition of every signal, before a UI toolkit that changes some of them is loaded.
+/// Main thread.
 void keepSignalDispositions();
 
-/// Restores the kept dispositions; without kept ones nothing happens. Main thread.
+/// Restores the saved dispositions. Does nothing if none were saved. Main thread.
 void restoreSignalDispositions();
 
-/// Gives a signal another disposition while the object exists, then restores the previous one. For
-/// the whole process: two threads must not override the same signal at once.
+/// Changes the disposition of a signal while the object exists, then restores the previous one.
+/// This affects the whole process: two threads must not override the same signal at the same time.
 class SignalOverride {
  public:
   SignalOverride(int number, void (*disposition)(int), int flags = 0);
@@ -35,12 +35,13 @@ class SignalOverride {
   struct sigaction previous_ = {};
 };
 
-/// The signals that end a process from outside in the ordinary way.
+/// The signals by which a user or the system normally ends a process.
 inline constexpr std::array terminationSignals{SIGHUP, SIGINT, SIGTERM};
 
-/// Turns termination signals into bytes of a pipe while the object exists, so that a thread that
-/// polls can clean up before the process ends. Only signals that would end the process are caught:
-/// ignored ones stay ignored. The handler does nothing but write the byte. One object at a time.
+/// Writes a byte to a pipe for each termination signal while the object exists, so that a thread
+/// that polls the pipe can clean up before the process ends. Only signals that would end the
+/// process are caught: ignored ones stay ignored. The handler only writes the byte. One object at a
+/// time.
 class TerminationWatch {
  public:
   explicit TerminationWatch(Pipe pipe);
@@ -51,8 +52,8 @@ class TerminationWatch {
   /// Readable once a signal has arrived.
   [[nodiscard]] int descriptor() const { return pipe_.readEnd.get(); }
 
-  /// Restores the dispositions and returns the signal that has arrived, 0 for none. A signal that
-  /// arrives later ends the process.
+  /// Restores the dispositions and returns the signal that has arrived, 0 if there was none. A
+  /// signal that arrives later ends the process.
   [[nodiscard]] int stop();
 
  private:
@@ -60,7 +61,7 @@ class TerminationWatch {
   std::array<std::optional<SignalOverride>, terminationSignals.size()> overrides_;
 };
 
-/// Ends the process by a signal, as if it had no handler. Any thread; signal handlers, too.
+/// Ends the process by a signal, as if it had no handler. Any thread, and signal handlers.
 [[noreturn]] void endBySignal(int number);
 
 }  // namespace quillon::platform

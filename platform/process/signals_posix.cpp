@@ -9,11 +9,12 @@
 namespace quillon::platform {
 namespace {
 
-/// SIGKILL and SIGSTOP are among them: asking is harmless, and restoring fails without effect.
+/// This includes SIGKILL and SIGSTOP: reading their dispositions works, and restoring them fails
+/// without effect.
 std::array<struct sigaction, NSIG> keptDispositions;
 bool dispositionsAreKept = false;
 
-// Global, since a signal handler can reach nothing else.
+// Global, because a signal handler can access nothing else.
 constexpr int noPipe = -1;
 constinit std::atomic<int> watchingPipe{noPipe};
 constinit std::atomic<int> handlersRunning{0};
@@ -74,7 +75,8 @@ TerminationWatch::TerminationWatch(Pipe pipe) : pipe_(std::move(pipe)) {
   watchingPipe = pipe_.writeEnd.get();
   for (std::size_t i = 0; i < overrides_.size(); ++i) {
     const int number = terminationSignals[i];
-    // Calls of other threads go on: a toolkit does not expect to be interrupted.
+    // With SA_RESTART the calls of other threads are not interrupted, which a toolkit does not
+    // expect.
     if (endsTheProcess(number)) overrides_[i].emplace(number, writeSignalToPipe, SA_RESTART);
   }
 }
@@ -100,7 +102,7 @@ void endBySignal(int number) {
   sigaddset(&self, number);
   (void)::raise(number);
   ::pthread_sigmask(SIG_UNBLOCK, &self, nullptr);
-  // Only the first process of a container is still here.
+  // Reached only by the first process of a container, which such a signal does not end.
   constexpr int signalBase = 128;
   ::_exit(signalBase + number);
 }

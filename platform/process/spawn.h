@@ -9,8 +9,8 @@
 #include "platform/core/descriptor.h"
 #include "platform/core/path.h"
 
-/// Starting processes, with owners for what posix_spawn takes. Every function that returns an int
-/// returns an errno value. Any thread unless it says otherwise.
+/// Functions that start processes, and owners of the objects that posix_spawn needs. Every function
+/// that returns an int returns an errno value. Any thread unless stated otherwise.
 namespace quillon::platform {
 
 class SpawnFileActions {
@@ -36,12 +36,12 @@ class SpawnAttributes {
   SpawnAttributes& operator=(const SpawnAttributes&) = delete;
   ~SpawnAttributes() { ::posix_spawnattr_destroy(&attributes_); }
 
-  /// Sets flags beside those that are set already.
+  /// Adds flags to those that are already set.
   [[nodiscard]] int addFlags(short flags) {
     flags_ = static_cast<short>(flags_ | flags);
     return ::posix_spawnattr_setflags(&attributes_, flags_);
   }
-  /// The signals that the child starts with as blocked.
+  /// Sets the signals that are blocked in the child.
   [[nodiscard]] int setSignalMask(const sigset_t& mask) {
     if (const int error = ::posix_spawnattr_setsigmask(&attributes_, &mask)) return error;
     return addFlags(POSIX_SPAWN_SETSIGMASK);
@@ -53,26 +53,26 @@ class SpawnAttributes {
   short flags_ = 0;
 };
 
-/// Makes the child get its three standard streams and no other descriptor. Call it after all other
-/// actions have been added.
+/// Makes the child inherit its three standard streams and no other descriptor. Call it after all
+/// other actions have been added.
 [[nodiscard]] int keepOnlyStandardStreams(SpawnFileActions& actions, SpawnAttributes& attributes);
 
-/// Calls posix_spawn; `actions` may be null. The child gets no pipe that another thread is just
-/// opening.
+/// Calls posix_spawn; `actions` may be null. The child does not inherit a pipe that another thread
+/// is opening at the same time.
 [[nodiscard]] int spawn(pid_t& id, const Path& executable,
                         const posix_spawn_file_actions_t* actions,
                         const SpawnAttributes& attributes, char* const* argumentVector,
                         char* const* environment);
 
-/// An argument or environment vector as the exec family takes it, ending with a null pointer. It
-/// points into `strings`.
+/// An argument or environment vector in the format of the exec family, ending with a null pointer.
+/// It points into `strings`.
 [[nodiscard]] std::vector<char*> pointersTo(const std::vector<std::string>& strings);
 
-/// Starts a process as the leader of a new session. Nothing waits for it: it outlives this process.
-/// It inherits every descriptor that does not close on exec, the signal mask and dispositions as
-/// the launcher received them (except the two signals that the C library reserves), and the start
-/// environment. `argumentVector` starts with argument zero; a string ends at its first NUL. Main
-/// thread.
+/// Starts a process as the leader of a new session. The launcher does not wait for it: it outlives
+/// this process. It inherits every descriptor that does not close on exec, the signal mask and
+/// dispositions as the launcher received them (except the two signals that the C library reserves),
+/// and the start environment. `argumentVector` starts with argument zero; a string ends at its
+/// first NUL. Main thread.
 [[nodiscard]] int spawnInNewSession(const Path& executable,
                                     const std::vector<std::string>& argumentVector);
 

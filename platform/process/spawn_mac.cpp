@@ -8,8 +8,8 @@ namespace quillon::platform {
 
 int keepOnlyStandardStreams(SpawnFileActions& actions, SpawnAttributes& attributes) {
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-    // A placeholder for a closed stream stays behind; what the actions have put there is kept
-    // anyway.
+    // A placeholder for a closed stream is not inherited. A descriptor that the actions create is
+    // inherited anyway.
     if ((::fcntl(stream, F_GETFD) & FD_CLOEXEC) != 0) continue;
     if (const int error = ::posix_spawn_file_actions_addinherit_np(actions.get(), stream)) {
       return error;
@@ -21,8 +21,8 @@ int keepOnlyStandardStreams(SpawnFileActions& actions, SpawnAttributes& attribut
 int spawn(pid_t& id, const Path& executable, const posix_spawn_file_actions_t* actions,
           const SpawnAttributes& attributes, char* const* argumentVector,
           char* const* environment) {
-  // The engine inherits every descriptor that does not close on exec, so none of ours may be on the
-  // way there.
+  // The engine inherits every descriptor that does not close on exec, so no pipe may be without
+  // that flag during the spawn.
   const std::lock_guard lock(unmarkedPipes());
   return ::posix_spawn(&id, executable.cText(), actions, attributes.get(), argumentVector,
                        environment);
