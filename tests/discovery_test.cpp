@@ -44,7 +44,7 @@ TEST(EgressDiscovery, CurlThatCannotBeStartedIsAResult) {
             result);
 }
 
-/// A stand-in for curl: a shell script that finds the endpoint in $url.
+/// Runs a shell script instead of curl. The script finds the endpoint in $url.
 DiscoverResult runScript(const std::string& script, const std::string& proxy, const char* url) {
   const tests::TemporaryFolder folder;
   folder.write("curl", "#!/bin/sh\nfor url; do :; done\n" + script);
@@ -121,7 +121,7 @@ TEST(EgressDiscovery, MessagesQuoteTheHeadOfAReply) {
   EXPECT_EQ(noAddress + "0 bytes, head: \"\"", replied("").message);
   EXPECT_EQ("curl exit 0 but response not UTF-8",
             replied("1.1.1.1\n" + std::string(100000, 'x') + "\xFF").message);
-  // Cut at the limit, inside a character.
+  // Truncated at the limit, inside a character.
   EXPECT_EQ(noAddress + "64000000 bytes, head: \"1.1.1.1\n\uFFFD\"",
             interpretCurlRun({0, 0, "1.1.1.1\n\xC3", 64000000}, 5, direct).message);
 }
@@ -151,8 +151,8 @@ TEST(CountryLanguages, TableIsWholeAndLookupIgnoresCase) {
   }
 }
 
-/// Flags that an overlay sets, by letter: a WebRTC, g geo, l language, t timezone; the upper-case
-/// ones say that the overlay carries the value (G latitude, H longitude, L lang, M
+/// The flags of an overlay, by letter: a WebRTC, g geo, l language, t timezone. An upper-case
+/// letter means that the overlay sets the value itself (G latitude, H longitude, L lang, M
 /// accept-language).
 OverlayKeys overlayWith(const std::string& flags) {
   OverlayKeys keys;

@@ -22,7 +22,7 @@ TEST(OverrideSwitches, MemoryClasses) {
 
 TEST(OverrideSwitches, WhatIsUnknownGivesNone) {
   EXPECT_EQ(SwitchList{"--speech-voices-preset=stock-chrome-mac"}, machineSwitches({}, {0, 0}));
-  // A NUL will end the argument, and with nothing before it there is none.
+  // A NUL ends an argument. An argument that starts with a NUL is omitted.
   EXPECT_EQ((SwitchList{{"--geo-lat=1\0x", 13}}),
             personaSwitches({}, {.resolvedGeoLat = {"1\0x", 3}, .resolvedTZ = {"\0x", 2}}));
 }

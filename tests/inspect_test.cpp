@@ -18,7 +18,8 @@ using Texts = std::vector<std::string>;
 
 const std::string deadProxy = R"({"proxy-server":"socks5://127.0.0.1:1",)";
 
-/// What is printed instead of the launch; the fixture takes the first letter for that of a fact.
+/// Returns what is printed instead of a launch. The fixture reads the first letter as that of a
+/// fact.
 Json inspect(Launch& launch, const Texts& command) {
   const auto [executable, arguments] = std::tuple(launch.executable, launch.arguments);
   launch.executable = command.front();
@@ -32,7 +33,7 @@ Json inspect(Launch& launch, const Texts& command) {
   return page == outcome.engine.end() ? Json() : Json::parse('{' + page->second[0]);
 }
 
-/// But for reports and what is or lies in one of the items.
+/// All files except reports and those that are, or are inside, one of the items.
 std::set<std::string> filesIn(const Path& folder, const Json& items = Json::array()) {
   std::set<std::string> files;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
@@ -45,7 +46,7 @@ std::set<std::string> filesIn(const Path& folder, const Json& items = Json::arra
   return files;
 }
 
-/// What an inspection with a discovery says is what the launch then does.
+/// Checks that an inspection with a discovery reports what the launch then does.
 void expectAgreement(const std::string& overlay, const std::string& engine = STAND_IN_ENGINE) {
   SCOPED_TRACE(overlay.substr(0, 500));
   Launch launch(overlay);
@@ -156,7 +157,7 @@ TEST(Inspect, ChangesNothingAndTakesAnyBytes) {
   const Json page = inspect(launch, {"/usr/bin/strace", "-fqqo", trace, "-e%file,%process",
                                      INSPECT_EXECUTABLE, "--json", "--"});
   EXPECT_EQ("\xEF\xBF\xBD\x1B\xEF\xBF\xBD", page["engine"][2]);
-  // Some of it is the thread sanitizer's or gcov's.
+  // Some of these calls are the thread sanitizer's or gcov's.
   const std::regex harmless(
       R"(.*(O_RDONLY[A-Z_|]*[,)]|read|stat|access|exit|getcwd|/dev/null|tsan[.]|[.]gcda).*\n)");
   const std::string others = std::regex_replace(contentOf(trace), harmless, "");

@@ -30,7 +30,7 @@ EngineFacts parseFacts(const std::string& output) {
   return facts;
 }
 
-/// Reads until every holder of the other end is gone: the launcher and its engine.
+/// Reads until all processes have closed the other end: the launcher and its engine.
 std::string readToEnd(int descriptor) {
   std::string text;
   std::array<char, 65536> chunk;

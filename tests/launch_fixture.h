@@ -9,12 +9,12 @@
 #include <string>
 #include <vector>
 
-/// Whole launches of the built executable, as a profile manager starts it.
+/// Launches of the built executable, started as by a profile manager.
 namespace quillon::tests {
 
 using Path = std::filesystem::path;
 
-/// A folder of its own for one test, removed with everything in it.
+/// A folder for one test, removed with its contents.
 class TemporaryFolder {
  public:
   TemporaryFolder();
@@ -23,7 +23,7 @@ class TemporaryFolder {
   ~TemporaryFolder();
 
   [[nodiscard]] const Path& path() const { return path_; }
-  /// Writes a file below the folder, parents included.
+  /// Writes a file below the folder. Creates missing parents.
   void write(const Path& file, const std::string& content) const;
   [[nodiscard]] bool has(const Path& file) const;
 
@@ -31,25 +31,25 @@ class TemporaryFolder {
   Path path_;
 };
 
-/// The file's content; empty when there is none.
+/// The file's content. Empty if the file does not exist.
 [[nodiscard]] std::string contentOf(const Path& file);
 
-/// What the stand-in engine told of its start, by the letters it uses; empty when it did not run.
+/// The facts that the stand-in engine reported about its start, by letter. Empty if it did not run.
 using EngineFacts = std::map<char, std::vector<std::string>>;
 
-/// What came of a launch.
+/// The outcome of a launch.
 struct Outcome {
-  /// The exit status; 128 + the signal's number for a signal.
+  /// The exit status. If a signal ended the launcher, 128 + the signal's number.
   int status = -1;
   EngineFacts engine;
   std::string errors;
   std::chrono::milliseconds elapsed{};
 };
 
-/// What the engine told under that letter, sorted; "(no engine)" when it told nothing.
+/// The facts that the engine reported under that letter, sorted. "(no engine)" if it reported none.
 [[nodiscard]] std::vector<std::string> sortedFacts(const Outcome& outcome, char letter);
 
-/// One launch to be made: a profile folder with an overlay, arguments and surroundings.
+/// A launch to run: a profile folder with an overlay, arguments and an environment.
 class Launch {
  public:
   explicit Launch(const std::string& overlay = "{}");
@@ -57,16 +57,17 @@ class Launch {
   TemporaryFolder home;
   TemporaryFolder profile;
   Path executable;
-  /// Names the profile folder; may be replaced.
+  /// Contains the profile folder. May be replaced.
   std::vector<std::string> arguments;
-  /// Entries as for execve, without the engine's: HOME, PATH and nothing of a display.
+  /// Entries in the format of execve, without the engine's: HOME, PATH and no variable of a
+  /// display.
   std::vector<std::string> environment;
   std::string engine;
-  /// Runs in the launcher's process just before it becomes the launcher.
+  /// Runs in the child process just before it executes the launcher.
   std::function<void()> prepare = [] {};
 
-  /// Starts the launcher with that descriptor as its standard output and no other beyond the three
-  /// streams.
+  /// Starts the launcher with that descriptor as its standard output. It inherits no descriptor
+  /// except the three streams.
   [[nodiscard]] pid_t start(int output) const;
   /// Starts the launcher and waits until it and its engine have ended.
   [[nodiscard]] Outcome run() const;

@@ -22,7 +22,7 @@ std::string filled(std::string pattern, const Texts& values) {
   return pattern;
 }
 
-/// From "status" to "provider", and what a blocked launch adds.
+/// The result file from "status" to "provider", and the members that a blocked launch adds.
 std::string result(const Texts& values, const std::string& errorCode = "",
                    const std::string& message = "") {
   Texts all = values;
@@ -35,7 +35,7 @@ std::string result(const Texts& values, const std::string& errorCode = "",
       all);
 }
 
-/// The address, time zone and country that were found, the milliseconds and the provider.
+/// The discovered address, time zone and country, the milliseconds and the provider.
 std::string blocked(const Texts& found, const std::string& elapsed, const std::string& provider) {
   return result({"blocked", found[0], found[1], found[2], "", "", "", "", elapsed, provider},
                 "PROXY_BLOCKED", "see .quillon-launcher-error.json for details");
@@ -69,7 +69,7 @@ const Texts webgl{"--webgl-vendor=Google Inc. (Intel Inc.)",
                   "--webgl-max-texture-size=16384"};
 const Texts ofMachine{"--device-memory=16", "--hardware-concurrency=8",
                       "--speech-voices-preset=stock-chrome-mac", "chrome://version"};
-const std::string tooLong(2000000, 'x');  // A Mac takes a million bytes.
+const std::string tooLong(2000000, 'x');  // The limit on a Mac is a million bytes.
 
 const std::string start =
     "0 ✓ PROXY\n(120 ms)\n1 ⏳ contacting geoip.quillon.example via SOCKS5…\nask " + geoip + "\n";
@@ -85,7 +85,7 @@ std::string blockedEnd(const std::string& code) {
          "(80 ms)\n";
 }
 
-/// Blocked by the attempt at the primary endpoint; `found` is what its reply tells all the same.
+/// Blocked by the attempt at the primary endpoint. `found` contains the values of its reply.
 LaunchRow blockedBy(const std::string& name, const CurlEnd& attempt, const std::string& code,
                     const std::string& message, const Texts& found = {"", "", ""},
                     const std::string& proxyServer = "PROXY") {
@@ -108,7 +108,7 @@ LaunchRow blockedByExit(int status, const std::string& code) {
                    "curl " + exit + " against " + geoip + " via PROXY after 312 ms");
 }
 
-/// The user closes the window in a pause: what is there stays.
+/// The user closes the window in a pause. Existing reports and items are not modified.
 LaunchRow closed(const std::string& name, LaunchRow row, int pause, const std::string& shown) {
   row.name = "closed " + name;
   row.closedInPause = pause;
@@ -261,7 +261,7 @@ std::vector<LaunchRow> makeTable() {
   };
 }
 
-/// One item of each kind that may go, and one that may not.
+/// One item of each kind that is removed, and one that is not.
 constexpr std::array<const char*, 5> profileItems{"Default/Last Tabs", "Default/Cookies",
                                                   "Default/Local Storage", "ShaderCache",
                                                   "Default/Bookmarks"};

@@ -14,7 +14,8 @@ namespace {
 using tests::CurlEnd;
 using tests::LaunchRow;
 
-/// Lets no time pass, gives curl's answers of a row, and writes down what a window shows.
+/// Simulates a row: pauses take no time, curl's results are the row's, and the window's texts are
+/// recorded.
 class PlayedLaunch {
  public:
   explicit PlayedLaunch(const LaunchRow& row) : row_(row) {}
@@ -96,7 +97,7 @@ TEST(LaunchTable, EveryLaunchComesToWhatItsRowSays) {
                    : planWindowed(values.request, facts, *outcome);
       }
     }
-    // In a process of its own, since a launch ends with its process.
+    // Runs in a child process, because a launch ends its process.
     const tests::Outcome outcome = launch.run();
     launch.expect(outcome, true);
     for (const auto& [kind, told] : outcome.engine) {

@@ -16,7 +16,8 @@ TEST(PassthroughLaunch, ComesToWhatItsRowSays) {
   for (const char* name :
        {"passthrough", "engine missing", "engine that is no program", "start page too long"}) {
     TableLaunch launch(rowOf(name), "socks5://h:1");
-    // By a link from elsewhere, as a package has one in /usr/bin: bundle and catalogue are found.
+    // Started by a symbolic link in another folder, such as a package's in /usr/bin: the bundle and
+    // the catalogue are found.
     launch.executable = launch.home.path() / "nimbra";
     std::filesystem::create_symlink(NIMBRA_EXECUTABLE, launch.executable);
     launch.expect(launch.run(), true);
@@ -24,7 +25,8 @@ TEST(PassthroughLaunch, ComesToWhatItsRowSays) {
 }
 
 TEST(PassthroughLaunch, WithoutAProfileTheUsersOwnFolderCounts) {
-  // Arguments, mask, and instead of the HOME that names the folder; the user database does too.
+  // Arguments, umask, and environment. The last one has no HOME with the folder: the user database
+  // has the folder, too.
   using Row = std::tuple<Texts, mode_t, Texts>;
   for (const auto& [arguments, mask, home] : {Row{Texts(), 0, {}},
                                               {{"--user-data-dir="}, 077, {}},

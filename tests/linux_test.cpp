@@ -20,7 +20,7 @@
 #include "platform/process/child_process.h"
 #include "platform/process/signals.h"
 
-/// What only Linux tells a test, by /proc and the like.
+/// Tests that need Linux, for example /proc.
 namespace {
 
 bool modesAreRefused = false;
@@ -28,7 +28,7 @@ std::function<void()> afterMkdir;
 
 }  // namespace
 
-// Replaced in the whole test program, by a file system's answer once a test says so.
+// Replaced in the whole test program. A test can make it fail as on some file systems.
 // NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): the system's begin with
 // "__".
 extern "C" int fchmod(int descriptor, mode_t mode) noexcept {
@@ -47,8 +47,8 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-/// The signals of a set in the text of a /proc/PID/status; without the two that the C library keeps
-/// to itself and changes in every child it spawns.
+/// The signals of a set in the text of a /proc/PID/status, without the two that the C library
+/// reserves and changes in every child that it spawns.
 std::uint64_t signalsIn(const std::string& status, const std::string& name) {
   constexpr std::uint64_t ofTheLibrary = 0x180000000;
   const std::size_t start = status.find("\n" + name + ":\t") + name.size() + 3;

@@ -37,7 +37,7 @@ TEST(OverlayFile, ExactlyOneFileIsChosen) {
   EXPECT_FALSE(readOverlayFile(folder).object);
 }
 
-/// The value of every key by every JSON kind, and what each way of reading makes of it.
+/// Every key with a value of every JSON type, and the result of each way of reading it.
 TEST(OverlayKeys, EveryKeyTakesEveryKindByItsRule) {
   struct Row {
     const char* json;

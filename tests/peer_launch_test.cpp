@@ -8,8 +8,8 @@
 
 #include "launch_table.h"
 
-/// Launches with a window (headless), through real curl, SOCKS5 proxies and TLS endpoints: to be
-/// run by scripts/with-peers.
+/// Launches with a headless window that use real curl, SOCKS5 proxies and TLS endpoints. Run by
+/// scripts/with-peers.
 namespace quillon::tests {
 namespace {
 
@@ -22,7 +22,7 @@ std::string environmentValue(const char* name) {
 
 const std::string openProxy = environmentValue("QUILLON_PROXY");
 
-/// What the endpoints answer from now on; without a reply of the test's what they really answer.
+/// Sets the endpoints' replies. Without a reply of the test an endpoint sends its real one.
 void answer(const std::string& geoip, const std::string& myip) {
   const Path folder = environmentValue("QUILLON_REPLIES");
   for (const auto& [name, reply] : {std::pair("geoip", geoip), std::pair("myip", myip)}) {
@@ -35,7 +35,7 @@ void answerAsIn(const LaunchRow& row) {
   answer(row.attempts.front().reply, row.attempts.size() > 1 ? row.attempts.back().reply : "");
 }
 
-/// The row "ok" as it is with what the endpoint itself tells of an exit.
+/// The row "ok" with the endpoint's own reply for an exit.
 LaunchRow rowAt(const std::string& exit) {
   std::vector<std::pair<const char*, std::string>> changes{
       {R"("country_code":"de")", R"("country_code":"DE")"}, {"203.0.113.7", exit}};
@@ -55,7 +55,7 @@ LaunchRow rowAt(const std::string& exit) {
   return row;
 }
 
-/// A launch of a row through a proxy; the pauses are those that the user sees.
+/// A launch of a row through a proxy, with pauses of their real length.
 struct Running {
   Running(const LaunchRow& row, const std::string& proxy, int pauseMilliseconds)
       : launch(row, proxy), pauses(pauseMilliseconds) {}
@@ -80,7 +80,7 @@ TEST(PeerLaunch, ComesToWhatItsRowSays) {
   const std::string passwordProxy = environmentValue("QUILLON_AUTH_PROXY");
   const std::string closedPort = replaced(openProxy, openProxy.substr(openProxy.rfind(':')), ":9");
   const std::string wrongPassword = replaced(passwordProxy, "s3cret", "wrong");
-  // These need no endpoint and run beside the others.
+  // These launches need no endpoint and run at the same time as the others.
   Running warned(rowOf("warned"), environmentValue("QUILLON_SILENT_PROXY"), 10500);
   Running unreachable(rowOf("blocked by exit 7"), closedPort, 2820);
   Running refused(rowOf("blocked by exit 97"), wrongPassword, 2820);

@@ -200,7 +200,7 @@ TEST(Process, NeverWaitsBeyondItsLimit) {
 
 TEST(Process, ChildEndsWithTheProcessByEveryWayOut) {
   for (const int signal : {SIGHUP, SIGINT, SIGTERM, 0}) {
-    // The child holds one end as its standard input, and says there that it runs.
+    // The child gets one end as its standard input and reports through it that it runs.
     std::array<int, 2> ends{};
     ASSERT_EQ(0, ::socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()));
     char byte = 0;

@@ -30,7 +30,7 @@ const std::map<std::string, Items> itemsOfKeys{
     {"interest_groups", {"Default/InterestGroups"}},
     {"shared_storage", {"Default/Shared Storage", "Default/Shared Storage-journal"}},
     {"storage_buckets", {"Default/StorageBuckets"}},
-    // Names that look like those above and are none.
+    // Names that look like those above but are not items.
     {"(kept)",
      {"Cookies", "IndexedDB", "Sessions", "GPUCache", "Default/ShaderCache", "Network/Cookies",
       "Default/Network/Kept", "Local State"}}};
@@ -42,7 +42,7 @@ void fill(const TemporaryFolder& profile) {
   }
 }
 
-/// The items that are gone.
+/// The items that are missing.
 Items removedFrom(const TemporaryFolder& profile) {
   Items removed;
   for (const auto& [key, items] : itemsOfKeys) {

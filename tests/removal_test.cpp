@@ -25,7 +25,8 @@
 
 namespace {
 
-/// Replaced in the whole test program; as the system has them until a test says otherwise.
+/// Replaced in the whole test program. The functions behave like the system's until a test changes
+/// that.
 unsigned processors = 0;
 int processorQuestions = 0;
 bool threadsCanStart = true;
@@ -33,10 +34,11 @@ bool hasOpenat2 = true;
 std::function<void(std::string_view)> beforeUnlink;
 /// Names that begin like this cannot be removed.
 constexpr std::string_view fixed = "fixed";
-/// As on a file system that moves the names up when one is removed: the next is not read.
+/// Simulates a file system that moves the names up when one is removed, so that the next one is not
+/// read.
 bool skipsAfterRemoval = false;
 std::atomic<bool> hasRemoved = false;
-/// What `new` may still give out; helpers that starve get nothing, and are counted.
+/// The bytes that `new` may still allocate. Helper threads for which it fails are counted.
 std::atomic<long> freeBytes = LONG_MAX / 2;
 std::atomic<bool> helpersStarve = false;
 std::atomic<int> starved = 0;
@@ -115,7 +117,7 @@ namespace {
 namespace fs = std::filesystem;
 using tests::TemporaryFolder;
 
-/// A tree to be removed, as a user whom locks stop.
+/// A tree to remove, as a user whom permissions restrict.
 class TreeRemoval : public testing::Test {
  protected:
   void SetUp() override { ASSERT_EQ(0, user_ == 0 ? ::seteuid(65534) : 0); }
@@ -142,7 +144,8 @@ class TreeRemoval : public testing::Test {
     fs::permissions(folder.path() / "tree/5/unsearchable", fs::perms::owner_read);
   }
 
-  /// How many threads unlink. One alone is kept back near the end until another has come.
+  /// The number of threads that unlink. If there is one thread only, it is delayed near the end
+  /// until another has started.
   std::size_t unlinkersOf(const Path& tree, bool awaitsSecond) {
     std::set<std::thread::id> unlinkers;
     beforeUnlink = [&, count = 0](std::string_view) mutable {
@@ -257,7 +260,7 @@ TEST(ProfileRemoval, EntersNoOtherMount) {
                            {root, "ShaderCache"}};
   for (const bool isKnown : {true, false}) {
     const TemporaryFolder folder;
-    // Without openat2 the device says what is another mount.
+    // Without openat2, other mounts are recognised by their devices.
     fs::create_directory(folder.path() / "outside");
     if (!isKnown) ::mount("none", (folder.path() / "outside").c_str(), "tmpfs", 0, nullptr);
     folder.write("outside/Cookies", "x");

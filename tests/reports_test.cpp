@@ -98,7 +98,7 @@ TEST(ReportFile, IsFinishedBeforeTheProcessEnds) {
 }
 
 TEST(ReportFile, WhatCannotBeReplacedStays) {
-  // Read-only folders do not stop the superuser.
+  // Permissions do not restrict the superuser.
   const uid_t user = ::geteuid();
   if (user == 0) {
     ASSERT_EQ(0, ::seteuid(65534));

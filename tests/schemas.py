@@ -4,7 +4,7 @@ import json, os, pathlib, re, subprocess, sys, tempfile
 try:
     import jsonschema
 except ImportError:
-    sys.exit(77)  # The test counts as skipped.
+    sys.exit(77)  # The test is skipped.
 
 root = pathlib.Path(__file__).parents[1]
 schemas = {path.name.split(".")[0]: json.loads(path.read_text())

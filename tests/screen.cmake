@@ -1,4 +1,4 @@
-# The same tests once for each module there is.
+# The same tests for each module.
 add_executable(screen_test screen_test.cpp)
 target_link_libraries(screen_test PRIVATE
   launch_fixture quillon_platform GTest::gtest_main ${CMAKE_DL_LIBS})

@@ -12,7 +12,7 @@
 
 #include "splash/colors.h"
 
-/// Pictures of a window on the screen, and what they show whatever the fonts.
+/// Pictures of a window on the screen, and checks of them that do not depend on the fonts.
 namespace quillon::tests {
 
 using platform::ui::Color;
@@ -25,14 +25,13 @@ inline std::string outputOf(const std::string& command) {
   return output;
 }
 
-/// The number behind a name in what a tool tells; 0 without one.
+/// The number after a name in a tool's output. 0 if it is missing.
 inline int numberAfter(const std::string& name, const std::string& text) {
   const auto place = text.find(name);
   return place == std::string::npos ? 0 : std::atoi(text.c_str() + place + name.size());
 }
 
-/// What the user sees in the place of a window's content; each point is `scale` pixels wide and
-/// high.
+/// The picture of a window's content on the screen. Each point is `scale` pixels wide and high.
 class Picture {
  public:
   explicit Picture(const std::string& window, int pixelsOfPoint = 1) : scale(pixelsOfPoint) {
@@ -45,7 +44,7 @@ class Picture {
     bytes_ = outputOf("/usr/bin/import -window root -crop " + area.str() + " -depth 8 rgb:-");
   }
 
-  /// False when the window has gone.
+  /// False if the window no longer exists.
   [[nodiscard]] bool isValid() const {
     return width > 0 && static_cast<int>(bytes_.size()) == 3 * width * height;
   }
@@ -64,7 +63,8 @@ class Picture {
   std::string bytes_;
 };
 
-/// How much of `ink` lies over the background; nothing when the pixel is no mixture of the two.
+/// The share of `ink` in a pixel over the background. Nothing if the pixel is not a mixture of the
+/// two.
 inline std::optional<double> coverage(Color pixel, Color ink) {
   constexpr Color paper = colors::background;
   constexpr std::array<std::uint8_t Color::*, 3> components{&Color::red, &Color::green,
@@ -89,8 +89,8 @@ struct Area {
   int x, y, width, height;
 };
 
-/// The columns, in pixels, where an area shows ink of that colour. Nothing but that ink and the
-/// background may be there, and some of it must be strong.
+/// The columns, in pixels, where an area shows ink of that colour. The area may contain only that
+/// ink and the background, and some of the ink must be strong.
 struct Ink {
   int first = -1, last = -1;
   double strongest = 0;

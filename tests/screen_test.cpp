@@ -17,7 +17,7 @@
 #include "platform/ui/backend.h"
 #include "screen_picture.h"
 
-/// Launches with a real window, looked at from outside: to be run by scripts/with-screen and
+/// Launches with a real window, observed from another process. Run by scripts/with-screen and
 /// scripts/with-peers.
 namespace quillon::tests {
 namespace {
@@ -28,12 +28,12 @@ std::ptrdiff_t threadCount() {
   return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
 }
 
-/// How many threads there are while nothing happens; none while nobody watches.
+/// The number of threads before the observed call. 0 if changes are not observed.
 std::ptrdiff_t quietThreadCount = 0;
 int changesBesideThreads = 0;
 
-/// Notes a change of the environment while another thread may read it. One that has answered may
-/// still be about to end.
+/// Records a change of the environment while another thread may read it. A thread that has replied
+/// may still be ending.
 void noteChange() {
   if (quietThreadCount == 0) return;
   for (int i = 0; threadCount() > quietThreadCount; ++i) {
@@ -50,7 +50,7 @@ Function* libraryFunction(const char* name) {
 
 }  // namespace
 
-/// Instead of the C library's, of the module, too.
+/// Replaces the C library's function, also for the module.
 extern "C" int setenv(const char* name, const char* value, int replace) noexcept {
   noteChange();
   return libraryFunction<int(const char*, const char*, int)>("setenv")(name, value, replace);
@@ -68,22 +68,22 @@ std::string given(const char* name) {
   return value == nullptr ? "" : value;
 }
 
-/// What differs by the toolkit of the module that is loaded: GTK, or AppKit as GNUstep has it.
+/// The values that depend on the module's toolkit: GTK, or AppKit as implemented by GNUstep.
 struct Toolkit {
   const char* executable;
   const char* module;
-  /// In the environment of every launch. Messages to released objects come on standard error.
+  /// Added to the environment of every launch. Messages to released objects are reported on
+  /// standard error.
   const char* surroundings;
-  /// Of the screen, where the environment can double it.
+  /// The scale of the screen, if the environment can double it.
   int scale;
   std::vector<std::string> windowProperties;
   std::vector<std::string> hugeProperties;
-  /// A path that is no text cannot be had with GNUstep, which fails on such an environment.
+  /// A path that is not valid text. GNUstep fails on such an environment.
   const char* oddPath;
   std::vector<std::string> alertProperties;
   std::vector<const char*> alertKeys;
-  /// With GNUstep the focus may stay with the window that has gone: the user has to choose the
-  /// alert.
+  /// With GNUstep the focus may stay with the closed window. The user then has to select the alert.
   bool alertHasFocus;
 };
 
@@ -111,7 +111,7 @@ const Toolkit& toolkit() {
   return given("QUILLON_TOOLKIT") == "appkit" ? appKit : gtk;
 }
 
-/// The places of a step's row.
+/// The areas of a step's row.
 constexpr Area inRow(int row, int x, int width) {
   return {x, 72 + 24 * row, width, 20};
 }
@@ -119,7 +119,7 @@ constexpr Area glyphArea(int row) {
   return inRow(row, 14, 24);
 }
 
-/// The identifier of the first window that the window manager knows; empty without any.
+/// The ID of the first window that the window manager lists. Empty if there is none.
 std::string firstWindow() {
   const std::string list = outputOf("xprop -root _NET_CLIENT_LIST");
   const auto place = list.find("0x");
@@ -144,7 +144,8 @@ class ScreenLaunch {
     launch.environment.push_back("DISPLAY=" + given("DISPLAY"));
     launch.environment.emplace_back(toolkit().surroundings);
     launch.environment.push_back("XDG_RUNTIME_DIR=" + launch.home.path().native());
-    // The screen has no session bus: whoever joins the accessibility services all the same is seen.
+    // The screen has no session bus. The test detects every client that joins the accessibility
+    // services anyway.
     launch.environment.push_back("AT_SPI_BUS_ADDRESS=unixexec:path=/bin/touch,argv1=" +
                                  (launch.home.path() / "joined").native());
     launch.environment.insert(launch.environment.begin(), environment.begin(), environment.end());
@@ -152,7 +153,7 @@ class ScreenLaunch {
     outcome_ = std::async(std::launch::async, [this] { return launch.run(); });
   }
 
-  /// The identifier of its window, once there is one that has the property.
+  /// The ID of the launch's window, once it has the property.
   [[nodiscard]] std::string window(const std::string& property = "_NET_WM_NAME") const {
     std::string window;
     for (int i = 0; i < 500 && isRunning(); ++i) {
@@ -165,7 +166,7 @@ class ScreenLaunch {
   [[nodiscard]] bool isRunning(std::chrono::milliseconds patience = 10ms) const {
     return outcome_.wait_for(patience) != std::future_status::ready;
   }
-  /// Keys go to the window with the focus: pressed again as long as it may be another one.
+  /// Keys go to the window with the focus. They are pressed again while another window may have it.
   [[nodiscard]] Outcome endBy(const std::string& deed) {
     for (int i = 0; i < 20 && isRunning(250ms); ++i) outputOf("xdotool " + deed);
     return end();
@@ -175,7 +176,7 @@ class ScreenLaunch {
     EXPECT_FALSE(launch.home.has("joined"));
     return outcome;
   }
-  /// What runs with the launch's own home folder in its environment.
+  /// The processes that have the launch's home folder in their environment.
   [[nodiscard]] std::string leftBehind() const {
     return outputOf("grep -als " + launch.home.path().native() + " /proc/[0-9]*/environ");
   }
@@ -196,7 +197,7 @@ std::string overlayWith(const std::string& proxy, const std::string& more = "") 
   return R"({"auto-timezone":true,"proxy-server":")" + proxy + "\"" + more + "}";
 }
 
-// Nobody listens on port 1.
+// No process listens on port 1.
 constexpr const char* deadProxy = "socks5://127.0.0.1:1";
 const std::string unblocked = overlayWith(deadProxy, R"(,"on-proxy-fail":"fallback")");
 
@@ -215,7 +216,7 @@ TEST(Screen, SuccessfulLaunchTicksOffItsStepsInOrderAtDoubleScale) {
       EXPECT_TRUE(shows(picture, glyphArea(row), colors::amber)) << row << " of " << done;
     }
     ticked.push_back(done);
-    // The launch gets no further before its first tick has been seen.
+    // The launch does not continue until its first tick has been seen.
     if (done == 1) outputOf("kill -CONT " + given("QUILLON_SILENT_PROXY_PROCESS"));
   }
   outputOf("kill -STOP " + given("QUILLON_SILENT_PROXY_PROCESS"));
@@ -239,8 +240,8 @@ TEST(Screen, BlockedLaunchShowsWhyInAWindowOfExactSizePlaceAndColours) {
     picture.emplace(window);
   } while (running.isRunning() &&
            !(picture->isValid() && shows(*picture, glyphArea(1), colors::red)));
-  // Four active overrides and two raw switches make the window 116 points higher; a line that is
-  // too long for it makes it no wider.
+  // Four active overrides and two raw switches increase the height by 116 points. A line that is
+  // too long does not change the width.
   expectAll(propertiesOf(window),
             {"\"Preparing Nimbra", "_NET_WM_STATE_SKIP_TASKBAR", "minimum size: 460 by 356",
              "maximum size: 460 by 356", "Width: 460", "Height: 356"});
@@ -287,7 +288,7 @@ TEST(Screen, ClosingInAPauseEndsTheLaunchEvenWhenThePauseIsOverByThen) {
   for (const Color glyph : {colors::amber, colors::red}) {
     ScreenLaunch running(overlayWith(deadProxy), {});
     const std::string window = running.window();
-    // Of the first pause, which is short, there may be no picture.
+    // The first pause is short, so there may be no picture of it.
     const auto isReached = [&](const Picture& picture) {
       return picture.isValid() &&
              (shows(picture, glyphArea(1), glyph) || shows(picture, glyphArea(1), colors::red));
@@ -295,7 +296,7 @@ TEST(Screen, ClosingInAPauseEndsTheLaunchEvenWhenThePauseIsOverByThen) {
     while (running.isRunning(1ms) && !isReached(Picture(window))) continue;
     const std::string process = contentOf(running.launch.home.path() / "pid");
     outputOf("kill -STOP " + process);
-    // The window may not have the focus yet.
+    // The window may not have the focus yet, so the keys are repeated.
     for (int i = 0; i < 5; ++i) outputOf("xdotool key alt+F4; sleep 0.54");
     outputOf("kill -CONT " + process);
     const Outcome outcome = running.end();
@@ -308,7 +309,7 @@ TEST(Screen, AlertComesBehindItsLineOnStandardErrorAndEndsByAnyKeyMeantForIt) {
   const std::string longText = std::string(99, '\n') + std::string(9000, 'x');
   for (const char* keys : toolkit().alertKeys) {
     SCOPED_TRACE(keys);
-    // The window of a launch that failed with one has gone.
+    // The window of a failed launch has been closed.
     const bool hasWindow = keys == toolkit().alertKeys.front();
     ScreenLaunch running(hasWindow ? overlayWith(given("QUILLON_PROXY")) : "{}",
                          {"QUILLON_ENGINE_BIN=" + (toolkit().oddPath + longText)});
@@ -329,13 +330,13 @@ TEST(Screen, AlertComesBehindItsLineOnStandardErrorAndEndsByAnyKeyMeantForIt) {
   }
 }
 
-/// A socket that listens or connects as that display, which may be one of either kind.
+/// A socket that listens or connects as that display, of either kind.
 template <class Join>
 int displaySocket(const std::string& path, Join join) {
   sockaddr_un address{AF_UNIX, {}};
   path.copy(address.sun_path, sizeof(address.sun_path) - 1);
   const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  if (join != ::connect) ::unlink(path.c_str());  // A test that was killed leaves it.
+  if (join != ::connect) ::unlink(path.c_str());  // A killed test leaves this file.
   EXPECT_EQ(0, join(socket, reinterpret_cast<sockaddr*>(&address), sizeof(address)));
   ::listen(socket, 8);
   return socket;
@@ -348,7 +349,7 @@ TEST(Screen, DisplayThatNeverAnswersHoldsALaunchUpForFiveSeconds) {
   displaySocket(socket, ::bind);
   std::deque<Launch> launches;
   std::vector<std::future<Outcome>> outcomes;
-  // The last has such a session bus instead.
+  // The last one is an unresponsive session bus.
   for (const std::string& display :
        {"DISPLAY=:" + number, "DISPLAY=:" + number, "WAYLAND_DISPLAY=" + socket,
         "WAYLAND_DISPLAY=" + socket, "DISPLAY=" + given("DISPLAY")}) {
@@ -365,7 +366,7 @@ TEST(Screen, DisplayThatNeverAnswersHoldsALaunchUpForFiveSeconds) {
     EXPECT_TRUE(outcome.elapsed >= 5s && outcome.elapsed < 9s) << outcome.elapsed.count();
     EXPECT_TRUE(outcome.status == int(i % 2) && outcome.engine.empty() == (i % 2 == 1)) << i;
     if (i < 4) continue;
-    // Up to the signals that the C library changes; what the toolkit changed is put back.
+    // Except for the signals that the C library changes. The toolkit's changes are undone.
     const std::string engine = outcome.engine.at('L')[0];
     const std::string own = contentOf("/proc/self/status");
     for (const char* name : {"SigBlk:", "SigIgn:"}) {
@@ -376,7 +377,7 @@ TEST(Screen, DisplayThatNeverAnswersHoldsALaunchUpForFiveSeconds) {
   std::filesystem::remove(socket);
 }
 
-/// Null for a build that is not the module's own.
+/// Null if the build is not the module's own.
 const platform::ui::Backend* loadModule(const char* build) {
   void* const module = ::dlopen(toolkit().module, RTLD_NOW | RTLD_LOCAL);
   EXPECT_NE(nullptr, module) << ::dlerror();
@@ -404,8 +405,8 @@ TEST(Screen, EnvironmentStaysAsItIsOnceAThreadIsLeftBehind) {
   EXPECT_EXIT(connectWithSilentBus(bus), testing::ExitedWithCode(0), "");
 }
 
-/// Greets the first two clients, the module itself and the toolkit, as the real display does, and
-/// then hangs up.
+/// Sends the greeting of a display to the first two clients, the module and the toolkit, and then
+/// closes the connections.
 void greetTwo(int dying, const std::string& number) {
   for (int i = 0; i < 2; ++i) {
     const int client = ::accept(dying, nullptr, nullptr);
@@ -421,7 +422,7 @@ void greetTwo(int dying, const std::string& number) {
   }
 }
 
-/// Ends the process with 7 if the second loss leads to the application.
+/// Ends the process with 7 if the second loss calls the application's handler.
 [[noreturn]] void loseDisplayTwice(int dying, const std::string& number) {
   ::setenv("DISPLAY", (":41" + number).c_str(), 1);
   std::thread(greetTwo, dying, number).detach();

@@ -80,7 +80,7 @@ TEST(OverridesSummary, LinesCutAndPadByCharacters) {
   EXPECT_EQ("k  " + std::string(33, 'v') + "…", summaryLine("k", std::string(37, 'v'), 1));
 }
 
-/// All that a label is, in a line.
+/// All values of a label, in one line.
 std::string described(const ui::Label& label) {
   std::ostringstream line;
   line << label.text << " | "
@@ -96,7 +96,7 @@ TEST(SplashWindow, IsLaidOutWithItsSummaryFromTheBottomUpwards) {
   const JsonObject overlay =
       object(R"({"b":{"x":[1, 2]},"a":1,"chrome-command-line":{"--y":"2","--x":"1"}})");
   const SplashWindow splash(initialSplashSteps(), &overlay);
-  // The summary is 124 points high, of which 44 fit under the rows.
+  // The summary is 124 points high. 44 of them fit under the rows.
   Keys expected{"Preparing Nimbra | 16 1 | 231 236 243 | 16 280 428 24 | 00",
                 "Auto-detecting persona settings… | 12 0 | 170 179 192 | 16 258 428 20 | 00"};
   const Keys steps{"Loading persona overlay", "Discovering proxy egress IP",

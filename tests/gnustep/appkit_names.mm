@@ -12,7 +12,7 @@
 
 @implementation NSDistributedNotificationCenter (QuillonShim)
 
-/// Without one no daemon is started that would outlive the launcher.
+/// Without a notification center, GNUstep starts no daemon that would outlive the launcher.
 + (NSDistributedNotificationCenter*)notificationCenterForType:(NSString*)type {
   (void)type;
   return nil;
@@ -81,7 +81,7 @@
 
 @implementation CATransaction
 
-/// What a window shows goes to the display server with the next event that is asked for.
+/// A window's changes are sent to the display server when the next event is requested.
 + (void)flush {
 }
 
@@ -126,9 +126,10 @@
 }
 
 - (NSInteger)runModal {
-  // Only a launched application has a key window.
+  // Only an application that has finished launching has a key window.
   if (![NSApp isRunning]) [NSApp finishLaunching];
-  // The focus that a former window lost would be taken from the panel.
+  // Otherwise a pending event for a previous window's lost focus would take the focus from the
+  // panel.
   while (NSEvent* const event =
              [NSApp nextEventMatchingMask:NSEventMaskAny
                                 untilDate:[NSDate dateWithTimeIntervalSinceNow:0.2]

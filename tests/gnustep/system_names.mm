@@ -17,8 +17,8 @@ struct Work {
   void* context;
 };
 
-/// The main queue. No thread but the main one sends a message: GNUstep and its runtime lock each
-/// other out when classes and threads are set up by two at the same time.
+/// The main queue. Only the main thread sends messages: GNUstep and its runtime deadlock if two
+/// threads set up classes and threads at the same time.
 Pipe& mainQueue() {
   static Pipe pipe = *Pipe::open();
   return pipe;
@@ -56,8 +56,8 @@ void dispatch_async_f(dispatch_queue_t, void* context, void (*function)(void*)) 
   (void)!::write(mainQueue().writeEnd.get(), &work, sizeof(work));
 }
 
-/// A session has a display that can be opened: without an icon on it, and with the window manager's
-/// frames, which has to be said before there is an application.
+/// There is a session if the display can be opened. Also disables the icon on the display and
+/// enables the window manager's frames, which must be done before there is an application.
 CFDictionaryRef CGSessionCopyCurrentDictionary() {
   NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
   [[NSUserDefaults standardUserDefaults]

@@ -1,6 +1,6 @@
 #pragma once
 
-// What AppKit has and GNUstep has not, under AppKit's names.
+// Names of AppKit that GNUstep lacks.
 #include_next <AppKit/AppKit.h>
 
 constexpr NSAlertStyle NSAlertStyleCritical = NSCriticalAlertStyle;
