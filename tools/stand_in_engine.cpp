@@ -26,7 +26,7 @@ void tellDescriptors() {
   for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd", none)) {
     std::error_code gone;
     const auto target = std::filesystem::read_symlink(entry.path(), gone);
-    // The listing itself takes a descriptor.
+    // The listing itself uses a descriptor.
     if (!gone && target.native().find("/proc/") != 0) {
       tell('F', entry.path().filename());
     }

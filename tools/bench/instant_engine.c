@@ -1,4 +1,4 @@
-// An engine that has nothing to do: both sides of a comparison start it.
+// An engine that does nothing. Both sides of a comparison start it.
 int main(void) {
   return 0;
 }

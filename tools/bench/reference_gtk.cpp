@@ -1,4 +1,4 @@
-// The least a program with a window can do: show one label, leave once it is drawn.
+// The minimum of a program with a window: shows one label and exits once it is drawn.
 
 #include <gtk/gtk.h>
 

@@ -1,4 +1,4 @@
-// The JSON library alone: reads a file, parses it, leaves.
+// The JSON library alone: reads a file, parses it and exits.
 
 #include <cstdlib>
 #include <fstream>
@@ -12,6 +12,6 @@ int main(int count, char* arguments[]) {
   std::string text(static_cast<std::size_t>(file.tellg()), '\0');
   file.seekg(0).read(text.data(), static_cast<std::streamsize>(text.size()));
   const nlohmann::json value = nlohmann::json::parse(text);
-  // Without tearing anything down, as the launcher.
+  // Exits without running destructors, as the launcher does.
   std::_Exit(value.is_object() ? 0 : 1);
 }

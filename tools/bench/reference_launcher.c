@@ -1,4 +1,4 @@
-// The least a launcher can do: test the engine, start it in a new session, leave.
+// The minimum of a launcher: checks the engine, starts it in a new session and exits.
 #define _GNU_SOURCE
 #include <spawn.h>
 #include <stdlib.h>

@@ -1,5 +1,5 @@
-// What bytes from outside may become. Each fuzz program calls one of the functions below on its
-// inputs; a promise that does not hold ends it with the input at hand as a finding.
+// Fuzz targets for untrusted input. Each fuzz program calls one of the functions below on its
+// inputs. If a check fails, the program ends and reports the input as a finding.
 
 #include <algorithm>
 #include <cstdint>
@@ -57,7 +57,7 @@ void checkSummary(const JsonObject& overlay) {
   }
 }
 
-/// Overlay text to keys, run mode, switches and summary.
+/// Converts overlay text to keys, run mode, switches and summary.
 [[maybe_unused]] int overlay(std::string_view input) {
   const auto object = platform::parseJsonObject(input);
   if (!object) return -1;
@@ -70,7 +70,7 @@ void checkSummary(const JsonObject& overlay) {
   require(removals.size() <= 17);
   checkSwitches(keys);
   checkSummary(*object);
-  // What the launcher shows of a value is text that it can read back.
+  // The launcher's text for a value can be parsed back.
   for (const platform::JsonMember& member : object->members()) {
     if (member.value.as<JsonObject>() == nullptr) continue;
     require(platform::parseJsonObject(compactJsonText(member.value)).has_value());
@@ -78,8 +78,8 @@ void checkSummary(const JsonObject& overlay) {
   return 0;
 }
 
-/// A curl reply to a discovery result and a persona. The first byte tells how curl ended and
-/// whether its output was cut; the rest is the reply.
+/// Converts a curl reply to a discovery result and a persona. The first byte sets how curl ended
+/// and whether its output was truncated; the rest is the reply.
 [[maybe_unused]] int reply(std::string_view input) {
   if (input.empty()) return -1;
   const auto head = static_cast<unsigned char>(input.front());
@@ -113,10 +113,10 @@ void checkReport(const std::string& report, std::string_view key, std::string_vi
   require(value != nullptr && *value == text);
 }
 
-/// Any text through both reports, read back by the JSON reader.
+/// Writes any text into both reports and parses them with the JSON reader.
 [[maybe_unused]] int report(std::string_view input) {
   require(platform::jsonEscape(input).size() >= input.size());
-  // The reader takes UTF-8 only; every text that the launcher reports is.
+  // The reader accepts UTF-8 only. Every text that the launcher reports is UTF-8.
   if (!platform::isValidUtf8(input)) return 0;
   const std::string text(input);
   checkReport(launchResultText({.timezone = text}, "T"), "timezone", text);
@@ -124,7 +124,7 @@ void checkReport(const std::string& report, std::string_view key, std::string_vi
   return 0;
 }
 
-/// A catalogue to the switches of each of its profiles.
+/// Converts a catalogue to the switches of each of its profiles.
 [[maybe_unused]] int catalogue(std::string_view input) {
   const auto object = platform::parseJsonObject(input);
   const auto* profiles = object ? object->find<JsonObject>("profiles") : nullptr;

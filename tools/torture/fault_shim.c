@@ -1,12 +1,11 @@
-// Loaded in front of the C library: makes one call of the launcher fail, and lets no time pass in
-// its pauses.
+// Preloaded before the C library. Makes one call of the launcher fail and skips its pauses.
 //
 //   FAULT, FAULT_NUMBER, FAULT_ERROR  that call of the function fails with that errno value
 //   FAULT_MARK                        a file that is created when it does
 //
-// Only what stands in the bundle is counted: a toolkit's calls are its own affair. The launcher's
-// children are left alone. Out of reach is what the C library calls inside itself, and with it the
-// dynamic loader. No header that declares one of the functions below may be included.
+// Only calls from the bundle are counted, not those of a toolkit. The launcher's children are not
+// affected. Calls inside the C library and in the dynamic loader cannot be intercepted. Do not
+// include a header that declares one of the functions below.
 #define _GNU_SOURCE
 #include <dlfcn.h>
 #include <errno.h>
@@ -14,13 +13,13 @@
 #include <string.h>
 #include <sys/syscall.h>
 
-// On 64-bit systems integers and pointers, up to six of them, travel in registers: one signature
-// passes on a call of any function below.
+// On 64-bit systems up to six integers and pointers are passed in registers, so one signature can
+// forward a call of any function below.
 typedef long Word;
 typedef Word (*Function)(Word, Word, Word, Word, Word, Word);
 Word syscall(Word a, Word b, Word c, Word d, Word e, Word f);
 
-/// What a failing call returns; a failing close has closed all the same.
+/// The return value of a failing call. A failing close closes the descriptor anyway.
 enum Failure { minus, null, number, closed };
 
 static const char* plannedFunction = "";
@@ -34,7 +33,7 @@ __attribute__((constructor)) static void readPlan(void) {
     plannedError = atoi(getenv("FAULT_ERROR"));
     mark = getenv("FAULT_MARK");
   }
-  // Takes them out of the environment that the children get; the strings stay.
+  // Removed from the environment that the children get. The strings stay valid.
   const char* const names[] = {"FAULT", "FAULT_NUMBER", "FAULT_ERROR", "FAULT_MARK", "LD_PRELOAD"};
   for (int i = 0; i < 5; ++i) unsetenv(names[i]);
 }
@@ -52,7 +51,7 @@ static int isPlanned(const char* name, const void* caller) {
   return 1;
 }
 
-/// Inlined, so that the return address is the one of the function that the caller called.
+/// Inlined, so that the return address is that of the intercepted function.
 __attribute__((always_inline)) static inline Word call(const char* name, enum Failure failure,
                                                        Word a, Word b, Word c, Word d, Word e,
                                                        Word f) {
@@ -92,5 +91,5 @@ Word waitpid(Word a, Word b, Word c) { return call("waitpid", minus, a, b, c, 0,
 Word waitid(Word a, Word b, Word c, Word d) { return call("waitid", minus, a, b, c, d, 0, 0); }
 Word posix_spawn(Word a, Word b, Word c, Word d, Word e, Word f) { return call("posix_spawn", number, a, b, c, d, e, f); }
 Word pthread_create(Word a, Word b, Word c, Word d) { return call("pthread_create", number, a, b, c, d, 0, 0); }
-// The launcher's pauses take no time, those of a toolkit do.
+// Skips the launcher's pauses, but not those of a toolkit.
 Word nanosleep(Word a, Word b) { return isOurs(__builtin_return_address(0)) ? 0 : call("nanosleep", minus, a, b, 0, 0, 0, 0); }

@@ -12,11 +12,11 @@ namespace fs = std::filesystem;
 
 struct Surroundings {
   const char* name;
-  /// Changes the launch, or what its process does before it becomes the launcher.
+  /// Changes the launch, or what its process does before it executes the launcher.
   std::function<void(Trial&)> arrange;
   int status = 0;
   int windowedStatus = 0;
-  /// A part of the result; empty for a result that cannot be written.
+  /// A part of the result. Empty if the result cannot be written.
   std::string resultPart = R"("schema":1)";
 };
 
@@ -31,7 +31,7 @@ void growEnvironment(Trial& trial) {
   for (int i = 0; i < 20; ++i) {
     trial.launch.environment.push_back(std::to_string(i).append("=").append(100000, 'x'));
   }
-  // A quarter of the stack may hold arguments and environment.
+  // Arguments and environment may use a quarter of the stack.
   trial.launch.prepare = [] { limitTo(RLIMIT_STACK, rlim_t{64} << 20); };
 }
 
@@ -66,7 +66,8 @@ void enterDeletedFolder(Trial& trial) {
   };
 }
 
-/// Launcher and engine lie where another user gets: a checkout may be closed to others.
+/// Launcher and engine are copied to a folder that another user can access, because a checkout may
+/// not be accessible to others.
 void becomeNobody(Trial& trial) {
   const Path home = trial.launch.home.path();
   fs::copy(trial.launch.executable.parent_path() / "../..", home / "Nimbra.app",
@@ -84,7 +85,7 @@ void becomeNobody(Trial& trial) {
   };
 }
 
-/// Yesterday's report comes from the future.
+/// The existing report is then dated in the future.
 void setTimeBack(Trial& trial) {
   trial.launch.home.write(trial.resultFile(), R"({"ts":"2026-03-01T14:05:09Z"})");
   trial.launch.environment.insert(trial.launch.environment.end(),
@@ -102,7 +103,8 @@ std::vector<Surroundings> allSurroundings() {
       {"stack of 64 KiB", preparing([] { limitTo(RLIMIT_STACK, rlim_t{64} << 10); })},
       {"environment of 2 MB", growEnvironment},
       {"no arguments at all", takeArguments},
-      // Nothing names an engine, and none is in its place; nor the endpoints' certificates.
+      // No engine and no certificates of the endpoints are named, and there is no engine at the
+      // default path.
       {"no environment",
        [](Trial& trial) {
          trial.launch.prepare = [argument = trial.launch.arguments.front()] {
@@ -113,7 +115,7 @@ std::vector<Surroundings> allSurroundings() {
        1, 42},
       {"current folder deleted", enterDeletedFolder},
       {"profile path of 4,000 bytes", lengthenProfilePath},
-      // Before the endpoints' certificates were made.
+      // The endpoints' certificates are not valid yet at this time.
       {"time set back", setTimeBack, 0, 42, R"("ts":"1980-01-01T)"},
   };
   if (::geteuid() == 0) all.push_back({"another user's profile", becomeNobody, 0, 0, ""});

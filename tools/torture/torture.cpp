@@ -115,8 +115,8 @@ class Compositor {
   pid_t process_;
 };
 
-/// Makes a launch on a compositor that is killed after a time. Returns what is wrong afterwards:
-/// the launch must go on unseen or end as if the user had closed its window.
+/// Launches on a compositor that is killed after a time. Returns the errors found afterwards: the
+/// launch must continue without a window or end as if the user had closed its window.
 Strings wrongAfterLoss(Trial& trial, Clock::duration time) {
   const Compositor compositor(trial.launch.home.path());
   if (!compositor.isListening()) return {"weston does not start"};
@@ -134,7 +134,7 @@ Strings wrongAfterLoss(Trial& trial, Clock::duration time) {
   return wrong;
 }
 
-/// How long the launcher runs if nothing is killed.
+/// The duration of a launch in which nothing is killed.
 Clock::duration launchTime(const std::string& proxy) {
   Trial trial(proxy);
   const Compositor compositor(trial.launch.home.path());
@@ -147,7 +147,7 @@ Clock::duration launchTime(const std::string& proxy) {
   return time;
 }
 
-/// Kills the compositor at evenly distributed moments of the first half of a launch, in which the
+/// Kills the compositor at evenly distributed moments of the first half of a launch, when the
 /// toolkit connects and the window appears.
 int runLosses(const std::string& proxy, int count, Tally tally) {
   const Clock::duration half = launchTime(proxy) / 2;
@@ -162,7 +162,8 @@ int runLosses(const std::string& proxy, int count, Tally tally) {
   return tally.finish();
 }
 
-/// Waits until so many launches are left; counts those that failed. Ended engines are passed over.
+/// Waits until this many launches are left and returns the number of those that failed. Ended
+/// engines are ignored.
 std::size_t reapUntil(std::size_t remaining, std::set<pid_t>& running) {
   std::size_t failed = 0;
   while (running.size() > remaining) {
@@ -172,7 +173,7 @@ std::size_t reapUntil(std::size_t remaining, std::set<pid_t>& running) {
   return failed;
 }
 
-/// Launches of one profile, eight at a time, and somebody who reads the result all the time.
+/// Launches one profile, eight at a time, while a thread reads the result continuously.
 int runLoad(const std::string& proxy, int count, Tally tally) {
   const Trial trial(proxy);
   std::size_t reads = 0;
@@ -202,8 +203,8 @@ int runLoad(const std::string& proxy, int count, Tally tally) {
   return tally.finish();
 }
 
-/// Sends nine termination signals at random moments around the life of a curl that would otherwise
-/// wait ten seconds. The launcher must die of one, and curl with it.
+/// Sends nine termination signals at random moments during a curl that would otherwise wait ten
+/// seconds. One of them must end the launcher, and curl with it.
 int runSignals(const std::string& proxy, int count, Tally tally) {
   constexpr std::array signals{SIGTERM, SIGINT, SIGHUP};
   constexpr std::chrono::seconds longest{3};
@@ -240,7 +241,7 @@ int run(const std::string& kind, const std::string& mode, int count) {
   const bool onScreen = isWindowed && std::getenv("DISPLAY") != nullptr;
   const bool onWayland = isWindowed && std::getenv("WAYLAND_DISPLAY") != nullptr;
   Tally tally(kind + ", " + mode + (onScreen ? " on a screen" : onWayland ? " on Wayland" : ""));
-  // Orphans of launchers become children of this process.
+  // Orphaned children of launchers become children of this process.
   ::prctl(PR_SET_CHILD_SUBREAPER, 1);
   struct sigaction interrupt = {};
   interrupt.sa_handler = [](int) {};

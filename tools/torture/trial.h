@@ -15,14 +15,16 @@
 #include "platform/text/json.h"
 #include "tests/launch_fixture.h"
 
-/// Launches of the built launcher, and what must hold after each of them however it went.
+/// Launches of the built launcher, and the conditions that must be true after each, whatever its
+/// outcome.
 namespace quillon::torture {
 
 using tests::Path;
 using Strings = std::vector<std::string>;
 
-/// Blocks until every child has ended, orphans of launchers included, and returns the exit status
-/// of `child`, -1 for a signal. Half a minute later SIGALRM interrupts this, and it is killed.
+/// Blocks until every child has ended, including orphaned children of launchers. Returns the exit
+/// status of `child`, -1 for a signal. After half a minute SIGALRM interrupts the wait, and the
+/// child is killed.
 inline int waitForAll(pid_t child) {
   ::alarm(30);
   int childStatus = 0;
@@ -37,14 +39,14 @@ inline int waitForAll(pid_t child) {
   return WIFEXITED(childStatus) ? WEXITSTATUS(childStatus) : -1;
 }
 
-/// Whether a file holds a JSON object and a line feed.
+/// Whether a file contains a JSON object and a line feed.
 inline bool isWholeReport(const Path& file) {
   const std::string text = tests::contentOf(file);
   return text.ends_with('\n') && platform::parseJsonObject(text);
 }
 
-/// A launch of a profile to be cleaned, beside files that nobody may touch, some of them behind
-/// links in the profile. With a proxy it has a window.
+/// A launch of a profile to clean. It also has files that must not be modified, some of them behind
+/// symbolic links in the profile. With a proxy the launch has a window.
 class Trial {
  public:
   explicit Trial(const std::string& proxy)
@@ -54,7 +56,7 @@ class Trial {
                     ? "}"
                     : R"(, "auto-geo": 1, "auto-lang": 1, "proxy-server": ")" + proxy + "\"}")) {
     launch.environment.push_back("ENGINE_LOG=" + (launch.home.path() / "engine-log").native());
-    // Without it the toolkit does not connect with a Wayland display.
+    // Without this variable the toolkit does not connect to a Wayland display.
     launch.environment.push_back("XDG_RUNTIME_DIR=" + launch.home.path().native());
     for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "NO_AT_BRIDGE"}) {
       const char* value = std::getenv(name);
@@ -64,7 +66,7 @@ class Trial {
     fillProfile();
   }
 
-  /// Puts everything back that a launch removes.
+  /// Restores everything that a launch removes.
   void fillProfile() const {
     for (const char* file :
          {"Current Tabs", "Cookies", "Local Storage/leveldb/000003.log", "Sessions/Session_1"}) {
@@ -81,15 +83,15 @@ class Trial {
     static const int output = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
     return launch.start(output);
   }
-  /// Launches and waits for the end of all of it. Returns the exit status.
+  /// Launches and waits until all its processes have ended. Returns the exit status.
   [[nodiscard]] int run() const { return waitForAll(start()); }
   [[nodiscard]] Path resultFile() const { return reports / launch.resultFile().filename(); }
-  /// How often the engine was started so far.
+  /// The number of times the engine was started.
   [[nodiscard]] std::size_t engineStarts() const {
     return tests::contentOf(launch.home.path() / "engine-log").size();
   }
 
-  /// Whatever does not hold of the files; a killed launch may leave an unfinished one.
+  /// The conditions on the files that are not met. A killed launch may leave a temporary file.
   [[nodiscard]] Strings wrongFiles(bool wasKilled = false) const {
     Strings wrong;
     std::error_code none;
@@ -105,7 +107,7 @@ class Trial {
     }
     return wrong;
   }
-  /// The same, and of the exit status and the engine's starts.
+  /// The conditions that are not met: those on the files, the exit status and the engine's starts.
   [[nodiscard]] Strings wrongAfter(int status, std::size_t starts = 1) const {
     Strings wrong = wrongFiles();
     const bool isKnown = status == 0 || status == 1 || status == 42;
@@ -117,7 +119,7 @@ class Trial {
   }
 
   tests::Launch launch;
-  /// Where the launch leaves its reports.
+  /// The folder for the launch's reports.
   Path reports = launch.profile.path();
 
  private:
@@ -129,7 +131,7 @@ class Trial {
   }
 };
 
-/// Counts what was tried and prints what was wrong.
+/// Counts the trials and prints the errors.
 class Tally {
  public:
   explicit Tally(std::string name) : name_(std::move(name)) {}
@@ -141,7 +143,7 @@ class Tally {
       std::printf("%s: %s: %s\n", name_.c_str(), what.c_str(), each.c_str());
     }
   }
-  /// Prints the sum; the exit status of the whole.
+  /// Prints the total. Returns the exit status of the program.
   [[nodiscard]] int finish() const {
     std::printf("%s: %zu tried, %zu wrong\n", name_.c_str(), tried_, wrong_);
     return wrong_ == 0 ? 0 : 1;
@@ -153,12 +155,12 @@ class Tally {
   std::size_t wrong_ = 0;
 };
 
-/// Launches from surroundings that a launcher does not expect.
+/// Launches in environments that a launcher does not expect.
 int runSurroundings(const std::string& proxy, Tally tally);
 
-/// Launches with proxy settings that curl could mistake. With `everyPlace` all codes are tried in
-/// all parts of the setting and from hostile environments; otherwise the control characters in the
-/// login.
+/// Launches with proxy settings that curl could misinterpret. With `everyPlace` all codes are tried
+/// in all parts of the setting and in hostile environments, otherwise only the control characters
+/// in the login.
 int runProxies(bool everyPlace, Tally tally);
 
 }  // namespace quillon::torture
