@@ -1,4 +1,4 @@
-# The application as it ships: the build tree holds it in the same layout as an installation.
+# The application bundle. The build tree has the same layout as an installation.
 
 set(bundle Nimbra.app)
 
@@ -12,7 +12,7 @@ function(place_in_bundle target folder)
     LIBRARY DESTINATION ${bundle}/Contents/${folder})
 endfunction()
 
-# The application once more for tests, in a folder of its own and without a module.
+# Makes a copy of the application for tests, in another folder and without a module.
 function(add_application_copy target folder)
   set(copied ${PROJECT_BINARY_DIR}/${folder}/${bundle}/Contents)
   add_custom_target(${target} ALL
@@ -29,7 +29,7 @@ function(add_bundle_resource file)
   install(FILES ${file} DESTINATION ${bundle}/Contents/Resources)
 endfunction()
 
-# A folder is an application to a Mac by what this file says.
+# With this file macOS recognises the folder as an application.
 if(APPLE)
   configure_file(cmake/Info.plist.in ${PROJECT_BINARY_DIR}/${bundle}/Contents/Info.plist @ONLY)
   install(FILES ${PROJECT_BINARY_DIR}/${bundle}/Contents/Info.plist

@@ -1,12 +1,12 @@
-# The hosts of the two endpoints: what a deployment has to set.
+# The hosts of the two endpoints, which each deployment sets.
 
 set(QUILLON_PRIMARY_HOST "geoip.quillon.example" CACHE STRING
   "Host name of the geo-IP endpoint (HTTPS, /geoip?format=json)")
 set(QUILLON_FALLBACK_HOST "myip.quillon.example" CACHE STRING
   "Host name of the bare-address endpoint (HTTPS, /myip)")
 
-# Host names by RFC 1123: labels of letters, digits and inner hyphens, parted by dots, the last one
-# not a number, as in an address.
+# Checks a host name by RFC 1123: labels of letters, digits and inner hyphens, separated by dots.
+# The last label is not a number, because then the name would be an address.
 function(require_host_name variable)
   set(label "[A-Za-z0-9]([A-Za-z0-9-]*[A-Za-z0-9])?")
   string(LENGTH "${${variable}}" length)

@@ -1,5 +1,5 @@
-# A Debian package and an archive of the bundle, the manual pages and the schemas, by CPack.
-# scripts/package makes them.
+# CPack settings for a Debian package and an archive. Both contain the bundle, the manual pages and
+# the schemas. scripts/package makes them.
 
 set(CPACK_GENERATOR DEB TGZ)
 set(CPACK_PACKAGE_NAME nimbra)
@@ -20,11 +20,11 @@ string(JOIN _ CPACK_PACKAGE_FILE_NAME nimbra ${PROJECT_VERSION}
 
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION web)
-# What the bundle needs of other packages is found out by packaging/options.cmake.
+# packaging/options.cmake determines the packages that the bundle depends on.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS curl)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS fonts-symbola)
 
-# Only packages hold these: an installation is the bundle alone.
+# These files are only in packages. An installation contains only the bundle.
 install(FILES docs/man/nimbra.1 docs/man/nimbra-inspect.1 DESTINATION share/man/man1
   COMPONENT documents EXCLUDE_FROM_ALL)
 install(DIRECTORY docs/schemas DESTINATION share/nimbra COMPONENT documents EXCLUDE_FROM_ALL)
@@ -33,7 +33,7 @@ install(FILES docs/profile-managers.md packaging/copyright DESTINATION share/doc
 install(FILES CHANGELOG.md DESTINATION share/doc/nimbra RENAME changelog
   COMPONENT documents EXCLUDE_FROM_ALL)
 
-# Each with the folder that its files count from. "Unspecified" is the component of the bundle.
+# Each component with the folder that its files are relative to. "Unspecified" is the bundle.
 set(CPACK_INSTALL_CMAKE_PROJECTS
   "${PROJECT_BINARY_DIR};${PROJECT_NAME};Unspecified;/"
   "${PROJECT_BINARY_DIR};${PROJECT_NAME};documents;/")

@@ -1,4 +1,4 @@
-# Run by CPack once the files to be packaged are in place.
+# Run by CPack after the files to package are installed in its temporary folder.
 
 set(root ${CPACK_TEMPORARY_INSTALL_DIRECTORY})
 
@@ -8,7 +8,7 @@ execute_process(
   COMMAND strip --strip-unneeded --remove-section=.comment --remove-section=.note ${programs}
   COMMAND_ERROR_IS_FATAL ANY)
 
-# The rest is what only a Debian package has.
+# The rest applies only to the Debian package.
 if(NOT CPACK_GENERATOR STREQUAL DEB)
   return()
 endif()

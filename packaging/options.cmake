@@ -8,12 +8,13 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /)
 list(TRANSFORM CPACK_INSTALL_CMAKE_PROJECTS REPLACE "/$" /opt/nimbra AT 3)
 list(TRANSFORM CPACK_INSTALL_CMAKE_PROJECTS REPLACE "/$" /usr AT 7)
 
-# The executables must run; without the toolkit that the module needs they do, with nothing to see.
+# The executables' dependencies are required. Those of the module are optional: without its toolkit
+# the launcher runs without a window.
 file(GLOB executables ${CPACK_NIMBRA_BUNDLE}/Contents/MacOS/* ${CPACK_NIMBRA_BUNDLE}/Contents/Helpers/*)
 file(GLOB modules ${CPACK_NIMBRA_BUNDLE}/Contents/Frameworks/*.so)
 list(TRANSFORM executables PREPEND -e)
 list(TRANSFORM modules PREPEND -e)
-# The tool looks for the package's description of itself where it runs.
+# The tool reads the package's control file in its current folder.
 file(WRITE ${CPACK_TOPLEVEL_DIRECTORY}/shlibdeps/debian/control "Source: nimbra\nPackage: nimbra\n")
 execute_process(
   COMMAND dpkg-shlibdeps -O -dDepends ${executables} -dRecommends ${modules}

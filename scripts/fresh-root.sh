@@ -1,5 +1,5 @@
-# Sourced by the scripts that try something in a fresh Debian. However such a script ends, the root
-# folder is unmounted and removed.
+# Sourced by the scripts that need a fresh Debian. The root folder is unmounted and removed whenever
+# such a script ends, also after an error.
 
 root=$(mktemp -d "${TMPDIR:-/tmp}/quillon-root.XXXXXX")
 mounted=()
@@ -14,12 +14,12 @@ trap 'exit 129' HUP
 trap 'exit 130' INT
 trap 'exit 143' TERM
 
-# Runs a command in the root, as root and with nothing of this environment.
+# Runs a command in the root folder, as root and with an empty environment.
 inside() { # [VARIABLE=VALUE...] COMMAND [ARGUMENT...]
   chroot "$root" env -i HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin "$@"
 }
 
-# Prints a command's output only if it fails, and then ends the script.
+# Prints a command's output only if the command fails. Then the script ends.
 quietly() { # COMMAND [ARGUMENT...]
   "$@" >"$root/log" 2>&1 || { cat "$root/log" >&2; exit 1; }
 }
@@ -29,7 +29,7 @@ mount_in_root() { # TYPE FOLDER
   mounted+=("$root/$2")
 }
 
-# Fills the root folder with the smallest system of a release.
+# Installs the smallest system of a release into the root folder.
 make_root() { # RELEASE
   chmod 755 "$root"
   quietly debootstrap --variant=minbase "$1" "$root"

@@ -1,15 +1,15 @@
-# Read by the scripts that run a command beside servers of their own. However such a script ends,
-# its servers, the command and its folder go before it.
+# Sourced by the scripts that run a command with servers of their own. Whenever such a script ends,
+# also after an error, its servers, the command and its folder are removed first.
 
 folder=$(mktemp -d "${TMPDIR:-/tmp}/quillon-servers.XXXXXX")
 
-# Ends a job with all its processes: asks first, insists after five seconds.
+# Ends a job with all its processes: sends SIGTERM, and SIGKILL after five seconds.
 end_job() { # PID
   local target=$1 _
-  # The command leads a group of its own, a server is a single process.
+  # The command leads its own process group. A server is a single process.
   if kill -0 -- "-$1"; then target=-$1; fi
   kill -TERM -- "$target" || return 0
-  # One that is stopped hears nothing until it goes on.
+  # A stopped process handles no SIGTERM until it continues.
   kill -CONT -- "$target" || return 0
   for _ in {1..250}; do
     kill -0 -- "$target" || return 0
@@ -21,7 +21,7 @@ end_job() { # PID
 end_everything() {
   local status=$? job jobs=
   trap '' INT TERM HUP
-  # The last one first: no server misses another one.
+  # In reverse order, so that no server loses one that it uses.
   for job in $(jobs -p); do jobs="$job $jobs"; done
   for job in $jobs; do end_job "$job"; done 2>/dev/null
   rm -rf "$folder"
@@ -38,9 +38,9 @@ give_up() { # WHY
   exit 1
 }
 
-# Runs the command as a job, so that a signal ends it at once; in a group of its own it gets every
-# signal as this script got it, and goes with all that it started. A terminal belongs to another
-# group: what reads from it there would stop for good.
+# Runs the command as a job, so that a signal ends it at once. In its own process group it gets
+# every signal that this script gets, and ends together with its children. The terminal belongs to
+# another group: a process that reads from it would stop indefinitely.
 run_beside() { # COMMAND [ARGUMENT...]
   [ ! -t 0 ] || exec </dev/null
   set -m

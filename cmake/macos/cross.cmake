@@ -15,7 +15,7 @@ foreach(tool AR RANLIB INSTALL_NAME_TOOL)
   set(CMAKE_${tool} ${QUILLON_MACOS_TOOLS}/${name} CACHE FILEPATH "")
 endforeach()
 
-# The compiler carries the system's headers; nothing of this machine may get in between.
+# The compiler includes the system's headers. Headers of this machine must not be used.
 set(CMAKE_OSX_SYSROOT "" CACHE STRING "")
 set(CMAKE_FIND_ROOT_PATH ${QUILLON_MACOS_PREFIX})
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
