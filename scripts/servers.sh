@@ -1,5 +1,5 @@
-# Sourced by the scripts that run a command with servers of their own. Whenever such a script ends,
-# also after an error, its servers, the command and its folder are removed first.
+# Sourced by the scripts that run a command with servers of their own. When such a script ends, also
+# after an error, it first ends its servers and the command and removes its folder.
 
 folder=$(mktemp -d "${TMPDIR:-/tmp}/quillon-servers.XXXXXX")
 

@@ -25,8 +25,8 @@ TEST(PassthroughLaunch, ComesToWhatItsRowSays) {
 }
 
 TEST(PassthroughLaunch, WithoutAProfileTheUsersOwnFolderCounts) {
-  // Arguments, umask, and environment. The last one has no HOME with the folder: the user database
-  // has the folder, too.
+  // Arguments, umask, and the entries that replace the HOME with the folder. The user database has
+  // the folder, too.
   using Row = std::tuple<Texts, mode_t, Texts>;
   for (const auto& [arguments, mask, home] : {Row{Texts(), 0, {}},
                                               {{"--user-data-dir="}, 077, {}},

@@ -1,10 +1,10 @@
-// Stands in for the engine: tells on standard output how it was started and ends. Each fact is a
-// letter and a text, ended by a NUL:
+// Replaces the engine in tests: reports on standard output how it was started, and exits. Each fact
+// is a letter and a text, ended by a NUL:
 //   A an argument, argument zero first     E an environment entry
-//   S "leader" when it leads its session
-// and, where there is /proc, also:
+//   S "leader" if it leads its session
+// If there is /proc, also:
 //   F an open descriptor                   L the text of /proc/self/status
-// With $ENGINE_LOG it leaves a byte in that file instead.
+// With $ENGINE_LOG it writes a byte to that file instead.
 #include <unistd.h>
 
 #include <cstdio>

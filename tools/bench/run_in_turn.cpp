@@ -1,12 +1,13 @@
-// Runs commands in turn, so that whatever else the machine does meets all of them alike, and prints
-// a line for each: the median wall time in milliseconds and the median peak memory in KiB.
+// Runs commands in turn, so that other load on the machine affects all of them equally. Prints a
+// line for each: the median wall time in milliseconds and the median peak memory in KiB.
 //
 // usage: run_in_turn ROUNDS PREPARATION -- COMMAND [ARGUMENT...] [-- COMMAND [ARGUMENT...]]...
 //
 // PREPARATION is a shell command that runs before each timed run, with the command's number (0, 1,
-// ...) in "$COMMAND_NUMBER"; it may be empty. A run that fails ends everything with status 1.
+// ...) in "$COMMAND_NUMBER". It may be empty. If a run fails, the program ends with status 1.
 //
-// Linked statically: the peak memory of a child counts that of its parent when it was started.
+// Linked statically, because the peak memory of a child includes that of its parent when it was
+// started.
 
 #include <spawn.h>
 #include <sys/resource.h>
