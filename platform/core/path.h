@@ -23,7 +23,7 @@ class Path {
   [[nodiscard]] const char* cText() const { return text_.c_str(); }
   [[nodiscard]] bool empty() const { return text_.empty(); }
 
-  /// The part before the last name. The root is its own folder. Empty if the path is only a name.
+  /// What is before the last name. The root is its own folder. Empty if the path is only a name.
   [[nodiscard]] Path folder() const;
   /// The last name. Empty if the path ends with a slash.
   [[nodiscard]] std::string_view name() const;

@@ -26,7 +26,7 @@ int pollMilliseconds(Clock::duration duration) {
   return static_cast<int>(std::max<milliseconds::rep>(rounded, 0));
 }
 
-/// The pipe of one output stream, and the part of the stream that is kept.
+/// The pipe of one output stream, and what is kept of the stream.
 class DrainedStream {
  public:
   /// If the output has at most `wholeLimit` bytes, all of it is kept, otherwise the first
@@ -198,10 +198,8 @@ ChildRun runWatched(const ChildCommand& command, const ChildLimits& limits, int 
 ChildRun runChild(const ChildCommand& command, const ChildLimits& limits) {
   auto signals = Pipe::open();
   if (!signals) return {.startError = errno};
-  TerminationWatch watch(std::move(*signals));
-  ChildRun run = runWatched(command, limits, watch.descriptor());
-  if (const int number = watch.stop()) endBySignal(number);
-  return run;
+  const TerminationWatch watch(std::move(*signals));
+  return runWatched(command, limits, watch.descriptor());
 }
 
 }  // namespace quillon::platform

@@ -40,21 +40,17 @@ inline constexpr std::array terminationSignals{SIGHUP, SIGINT, SIGTERM};
 
 /// Writes a byte to a pipe for each termination signal while the object exists, so that a thread
 /// that polls the pipe can clean up before the process ends. Only signals that would end the
-/// process are caught: ignored ones stay ignored. The handler only writes the byte. One object at a
-/// time.
+/// process are caught: ignored ones stay ignored. The handler only writes the byte. If a signal has
+/// arrived, the destructor ends the process by it. One object at a time.
 class TerminationWatch {
  public:
   explicit TerminationWatch(Pipe pipe);
   TerminationWatch(const TerminationWatch&) = delete;
   TerminationWatch& operator=(const TerminationWatch&) = delete;
-  ~TerminationWatch() { (void)stop(); }
+  ~TerminationWatch();
 
   /// Readable once a signal has arrived.
   [[nodiscard]] int descriptor() const { return pipe_.readEnd.get(); }
-
-  /// Restores the dispositions and returns the signal that has arrived, 0 if there was none. A
-  /// signal that arrives later ends the process.
-  [[nodiscard]] int stop();
 
  private:
   Pipe pipe_;

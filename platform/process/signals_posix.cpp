@@ -81,16 +81,14 @@ TerminationWatch::TerminationWatch(Pipe pipe) : pipe_(std::move(pipe)) {
   }
 }
 
-int TerminationWatch::stop() {
+TerminationWatch::~TerminationWatch() {
   for (auto& override : overrides_) override.reset();
   watchingPipe = noPipe;
   // A handler on another thread may still be about to write.
   while (handlersRunning != 0) std::this_thread::yield();
   pipe_.writeEnd.reset();
   char number = 0;
-  const bool hasArrived = pipe_.readEnd.isOpen() && ::read(descriptor(), &number, 1) == 1;
-  pipe_.readEnd.reset();
-  return hasArrived ? number : 0;
+  if (::read(descriptor(), &number, 1) == 1) endBySignal(number);
 }
 
 void endBySignal(int number) {
